@@ -1,0 +1,9 @@
+// Stub: does nothing until its subsystem stands.
+#include "device/form1.h"
+
+namespace nautrix {
+
+void Form1::CheckAlarm() {}
+void Form1::SilenceAlarm() {}
+
+}  // namespace nautrix

@@ -1,0 +1,91 @@
+// The settings store. Every read goes to the platform's store (which serves
+// it from memory) and every write reaches the store at once: nothing is kept
+// here, so a value read is always the latest one written.
+
+#include "device/form1.h"
+#include "device/store_keys.h"
+#include "clock/time_text.h"
+#include "device/text.h"
+
+namespace nautrix {
+namespace {
+
+// What a typed read accepts of each key, and what it falls back to.
+struct KeyRule {
+  const char* key;
+  const char* fallback;  // the key's default, as stored text
+  double low, high;      // accepted range of a number
+};
+
+constexpr KeyRule kRules[] = {
+    {store::kSound, "True", 0, 0},
+    {store::kAlwaysOnTop, "False", 0, 0},
+    {store::kAutoShow, "True", 0, 0},
+    {store::kAlarmOn, "False", 0, 0},
+    {store::kLeft, "-44", -store::kMaxPositionTwips, store::kMaxPositionTwips},
+    {store::kTop, "-336", -store::kMaxPositionTwips, store::kMaxPositionTwips},
+    {store::kDiverSpeed, "300", store::kMinSpeed, store::kMaxSpeed},
+    {store::kGameASpeed, "220", store::kMinSpeed, store::kMaxSpeed},
+    {store::kGameBSpeed, "170", store::kMinSpeed, store::kMaxSpeed},
+    {store::kGameAHighScore, "0", 0, store::kMaxHighScore},
+    {store::kGameBHighScore, "0", 0, store::kMaxHighScore},
+    {store::kAlarmTime, store::kDefaultAlarmTime, 0, 0},
+};
+
+const KeyRule& RuleOf(const std::string& key) {
+  for (const KeyRule& rule : kRules) {
+    if (key == rule.key) return rule;
+  }
+  static constexpr KeyRule kNone = {"", "", 0, 0};
+  return kNone;
+}
+
+}  // namespace
+
+std::string Form1::GetSetting(const std::string& key, const std::string& def) {
+  return platform_.GetSetting(store::kApp, store::kSection, key, def);
+}
+
+void Form1::SaveSetting(const std::string& key, const std::string& value) {
+  platform_.SaveSetting(store::kApp, store::kSection, key, value);
+}
+
+void Form1::DeleteSetting(const std::string& key) {
+  platform_.DeleteSetting(store::kApp, store::kSection, key);
+}
+
+// A key is missing exactly when a read with the default "NotFound" gives
+// "NotFound" back; a key that really holds that text counts as missing too.
+bool Form1::KeyMissing(const std::string& key) {
+  return GetSetting(key, store::kNotFound) == store::kNotFound;
+}
+
+bool Form1::SettingBool(const std::string& key) {
+  bool value = false;
+  if (ParseBool(GetSetting(key), value)) return value;
+  ParseBool(RuleOf(key).fallback, value);
+  return value;
+}
+
+int Form1::SettingInt(const std::string& key) {
+  const KeyRule& rule = RuleOf(key);
+  int value = 0;
+  if (ParseInt(GetSetting(key), value) && value >= rule.low && value <= rule.high) return value;
+  ParseInt(rule.fallback, value);
+  return value;
+}
+
+float Form1::SettingSingle(const std::string& key) {
+  const KeyRule& rule = RuleOf(key);
+  float value = 0;
+  if (ParseSingle(GetSetting(key), value) && value >= rule.low && value <= rule.high) return value;
+  ParseSingle(rule.fallback, value);
+  return value;
+}
+
+std::string Form1::SettingTimeText(const std::string& key) {
+  std::string text = GetSetting(key);
+  return IsTimeText(text) ? text : RuleOf(key).fallback;
+}
+
+}  // namespace nautrix

@@ -1,0 +1,61 @@
+// The popup menu's items and the tray's door. A toggle flips the item's
+// mark and then acts by the mark: the marks are the options' working state.
+#include "device/form1.h"
+#include "device/store_keys.h"
+#include "device/text.h"
+
+namespace nautrix {
+
+void Form1::OpenPopupMenu() { platform_.OpenPopupMenu(); }
+
+// The tray reports its mouse messages by number: 515 a left double click,
+// 517 the right button's release. Events that come while the menu is open
+// are dropped.
+void Form1::Form_MouseMove(int /*Button*/, int /*Shift*/, float X, float /*Y*/) {
+  TrayMessage = static_cast<int32_t>(X / 15.0f + 0.5f);
+  if (TrayBusy) return;
+  TrayBusy = true;
+  if (TrayMessage == 515) mHide_Click();
+  if (TrayMessage == 517) OpenPopupMenu();
+  TrayBusy = false;
+}
+
+void Form1::mHide_Click() {
+  mHide.Checked = !mHide.Checked;
+  platform_.ShowWindow(!mHide.Checked);
+}
+
+void Form1::mSound_Click() {
+  mSound.Checked = !mSound.Checked;
+  SaveSetting(store::kSound, BoolText(mSound.Checked));
+}
+
+void Form1::mAutoShow_Click() {
+  mAutoShow.Checked = !mAutoShow.Checked;
+  SaveSetting(store::kAutoShow, BoolText(mAutoShow.Checked));
+}
+
+void Form1::mAlwaysOnTop_Click() {
+  mAlwaysOnTop.Checked = !mAlwaysOnTop.Checked;
+  SaveSetting(store::kAlwaysOnTop, BoolText(mAlwaysOnTop.Checked));
+  platform_.SetTopmost(mAlwaysOnTop.Checked);
+}
+
+// The flip: the back of the device covers everything and freezes the tick.
+void Form1::mBack_Click() {
+  SetVisible(Obj::BackCase, !IsVisible(Obj::BackCase));
+  mBack.Checked = IsVisible(Obj::BackCase);
+}
+
+void Form1::mOptions_Click() { platform_.OpenDialog(Dialog::Options); }
+
+void Form1::mInstructions_Click() { platform_.OpenDialog(Dialog::Instructions); }
+
+void Form1::mAbout_Click() { platform_.OpenDialog(Dialog::About); }
+
+void Form1::mExit_Click() {
+  int cancel = 0;
+  Form_Unload(cancel);
+}
+
+}  // namespace nautrix
