@@ -1,0 +1,136 @@
+# Shared steps of the end-to-end tests: a private X server with a window
+# manager, optionally a private PulseAudio with a null sink, and the program
+# started as a user starts it. Source this file; every process it starts is
+# stopped by its PID, in reverse order, when the test script exits.
+set -euo pipefail
+
+E2E_PIDS=()
+E2E_DIR=""
+
+e2e_cleanup() {
+  local i
+  for ((i = ${#E2E_PIDS[@]} - 1; i >= 0; i--)); do
+    kill "${E2E_PIDS[i]}" 2>/dev/null || true
+    wait "${E2E_PIDS[i]}" 2>/dev/null || true
+  done
+  [ -n "$E2E_DIR" ] && rm -rf "$E2E_DIR"
+}
+
+e2e_fail() {
+  echo "FAIL: $*" >&2
+  exit 1
+}
+
+# Polls a command for up to $1 seconds.
+e2e_wait_for() {
+  local seconds=$1
+  shift
+  local deadline=$((SECONDS + seconds))
+  until "$@" >/dev/null 2>&1; do
+    [ $SECONDS -lt $deadline ] || return 1
+    sleep 0.1
+  done
+}
+
+# A fresh home for the run, an X server and a window manager.
+e2e_setup() {
+  E2E_DIR=$(mktemp -d /tmp/nautrix-e2e.XXXXXX)
+  trap e2e_cleanup EXIT
+  export HOME=$E2E_DIR/home XDG_CONFIG_HOME=$E2E_DIR/config
+  export XDG_RUNTIME_DIR=$E2E_DIR/run TMPDIR=$E2E_DIR/tmp
+  mkdir -p "$HOME" "$XDG_CONFIG_HOME" "$XDG_RUNTIME_DIR" "$TMPDIR"
+  chmod 700 "$XDG_RUNTIME_DIR"
+  unset DBUS_SESSION_BUS_ADDRESS WAYLAND_DISPLAY SESSION_MANAGER
+  export QT_QPA_PLATFORM=xcb
+  # No sound server unless a test asks for one.
+  export PULSE_SERVER=unix:$XDG_RUNTIME_DIR/no-such-server
+  printf 'autospawn = no\n' >"$E2E_DIR/pulse-client.conf"
+  export PULSE_CLIENTCONFIG=$E2E_DIR/pulse-client.conf
+
+  Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$E2E_DIR/display" 2>/dev/null &
+  E2E_PIDS+=($!)
+  e2e_wait_for 10 test -s "$E2E_DIR/display" || e2e_fail "Xvfb did not start"
+  export DISPLAY=":$(head -n1 "$E2E_DIR/display")"
+
+  openbox --sm-disable >/dev/null 2>&1 &
+  E2E_PIDS+=($!)
+  e2e_wait_for 10 sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"' ||
+    e2e_fail "openbox did not take the display"
+}
+
+# A private PulseAudio whose only output is the null sink "nautrix".
+e2e_start_audio() {
+  export PULSE_SERVER=unix:$XDG_RUNTIME_DIR/pulse.sock
+  pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no \
+    --load="module-native-protocol-unix socket=$XDG_RUNTIME_DIR/pulse.sock" \
+    --load="module-null-sink sink_name=nautrix" >"$E2E_DIR/pulse.log" 2>&1 &
+  E2E_PIDS+=($!)
+  e2e_wait_for 10 pactl info || e2e_fail "PulseAudio did not start"
+  pactl set-default-sink nautrix
+}
+
+# Records the null sink's monitor into $1 until e2e_stop_recording.
+e2e_start_recording() {
+  E2E_RECORDING=$1
+  parecord --device=nautrix.monitor --file-format=wav "$E2E_RECORDING" &
+  E2E_RECORDER=$!
+  E2E_PIDS+=($E2E_RECORDER)
+  sleep 0.3
+  # An idle null sink delivers in long blocks: a suspend and resume makes
+  # the recording run in real time.
+  pactl suspend-sink nautrix 1
+  pactl suspend-sink nautrix 0
+}
+
+e2e_stop_recording() {
+  kill -INT "$E2E_RECORDER"
+  wait "$E2E_RECORDER" 2>/dev/null || true
+}
+
+e2e_store() { echo "$XDG_CONFIG_HOME/Tickplay Simulator.ini"; }
+
+# Starts the program ($1) without the right to set the clock, and waits for
+# its window; E2E_APP is its PID, E2E_WIN its window.
+e2e_start_app() {
+  setpriv --bounding-set -sys_time --inh-caps -sys_time "$1" &
+  E2E_APP=$!
+  E2E_PIDS+=($E2E_APP)
+  E2E_WIN=""
+  local deadline=$((SECONDS + 15))
+  while [ -z "$E2E_WIN" ]; do
+    [ $SECONDS -lt $deadline ] || e2e_fail "the device window did not appear"
+    kill -0 "$E2E_APP" 2>/dev/null || e2e_fail "the program ended at start"
+    E2E_WIN=$(xdotool search --onlyvisible --name '^Nautrix$' 2>/dev/null | head -n1 || true)
+    [ -n "$E2E_WIN" ] || sleep 0.1
+  done
+}
+
+# Ends the program by its PID and forgets it.
+e2e_stop_app() {
+  local signal=${1:-TERM}
+  kill "-$signal" "$E2E_APP" 2>/dev/null || true
+  wait "$E2E_APP" 2>/dev/null || true
+}
+
+# The client area's position on the screen, "x y".
+e2e_window_position() {
+  xwininfo -id "$E2E_WIN" | awk '/Absolute upper-left X/ {x=$NF} /Absolute upper-left Y/ {y=$NF} END {print x, y}'
+}
+
+# A value of the store file, or "<missing>".
+e2e_setting() {
+  local key=${1// /%20}
+  local line
+  line=$(grep -E "^${key}=" "$(e2e_store)" 2>/dev/null | head -n1 || true)
+  if [ -z "$line" ]; then echo "<missing>"; else echo "${line#*=}"; fi
+}
+
+# Keys of the store's [Nautrix] group, one per line, sorted.
+e2e_store_keys() {
+  awk '/^\[/ {group=$0; next} group=="[Nautrix]" && /=/ {sub(/=.*/, ""); gsub(/%20/, " "); print}' \
+    "$(e2e_store)" | sort
+}
+
+e2e_key() { xdotool windowactivate --sync "$E2E_WIN" >/dev/null 2>&1 || true; xdotool key --window "$E2E_WIN" "$@"; }
+
+e2e_shot() { import -window "$E2E_WIN" "$1"; }
