@@ -27,6 +27,11 @@ enum KeyNumber : int16_t {
   kLogoKey = 8,
 };
 
+// Where a key's press or release comes from. The pointer and the keyboard
+// run the same actions and differ in a few points; Tracking is the pointer
+// sliding onto a key that it holds, which differs again in a few.
+enum class KeyRoute : uint8_t { Pointer, Keyboard, Tracking };
+
 // A check mark of the popup menu; the mark itself is the working state.
 struct MenuItem {
   bool Checked = false;
@@ -137,6 +142,10 @@ class Form1 {
   void CheckAlarm();
   void SilenceAlarm();
 
+  // ---- clock/acl_reset.cpp -----------------------------------------------
+  void EraseMemories();  // high scores and alarm back to their first-run values
+  void AclReset(KeyRoute route);
+
   // ---- game/tentacles.cpp ------------------------------------------------
   void MoveTentacles();
 
@@ -182,9 +191,27 @@ class Form1 {
   void AlarmButton_MouseUp(int Button, int Shift, float X, float Y);
   void ACLButton_MouseUp(int Button, int Shift, float X, float Y);
   void ReleaseKey();
+  // The press and release actions that the routes share, by key number; the
+  // key's picture is the caller's.
+  void PressAction(int key, KeyRoute route);
+  void ReleaseAction(int key, KeyRoute route);
+  void ShowHighScore(int mode);  // GAME A or GAME B down
+  void PressTime(KeyRoute route);
+  void PressAlarm(KeyRoute route);
+  void EnterAlarmSetting(KeyRoute route);
+  void ToggleAlarm();
+  void LeftKeyAction();
+  void RightKeyAction();
+  void ReleaseGame(int mode);
+  void ReleaseTime(KeyRoute route);
+  void ReleaseAlarm(KeyRoute route);
+  void SaveAlarmState();
+  void LeaveAlarmSetting();
+  void LeaveClockSetting();
 
   // ---- keys/pointer_tracking.cpp -----------------------------------------
   void TrackPointer();
+  void SlideOff(int key);  // a held key's pointer has left it
 
   // ---- keys/keyboard.cpp -------------------------------------------------
   void Form_KeyDown(int KeyCode, int Shift);
