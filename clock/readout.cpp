@@ -1,9 +1,68 @@
-// Stub: does nothing until its subsystem stands.
+// The digit readout: the only writer of the four digits, the colon and the
+// am/pm marks. It shows a time text or a score and keeps nothing but the
+// flag that a score stands on it.
+#include "clock/time_text.h"
 #include "device/form1.h"
+#include "device/store_keys.h"
+#include "device/text.h"
 
 namespace nautrix {
+namespace {
 
-void Form1::ShowTime(const std::string&) {}
-void Form1::ShowScore(int) {}
+// Characters that are missing or no digits count as 0.
+int DigitAt(const std::string& text, size_t i) { return DigitsValue(text, i, 1); }
+
+// A digit object takes the digit sprite's picture at every call.
+void ShowDigit(Form1& f, Obj digit, int value) {
+  f.CopyPicture(Number(value), digit);
+  f.Show(digit);
+}
+
+}  // namespace
+
+void Form1::ShowTime(const std::string& text) {
+  // A mark is only switched when the other half of the day is lit, or when
+  // a score has put both out.
+  const std::string half = text.size() >= 9 ? text.substr(7, 2) : std::string();
+  if (half == "AM" && !IsVisible(Obj::am)) {
+    Show(Obj::am);
+    Hide(Obj::pm);
+  } else if (half == "PM" && !IsVisible(Obj::pm)) {
+    Hide(Obj::am);
+    Show(Obj::pm);
+  }
+  // No leading zero on the hour.
+  const int tens = DigitAt(text, 0);
+  if (tens != 0) ShowDigit(*this, HourDigit(0), tens);
+  else Hide(HourDigit(0));
+  ShowDigit(*this, HourDigit(1), DigitAt(text, 1));
+  ShowDigit(*this, MinuteDigit(0), DigitAt(text, 2));
+  ShowDigit(*this, MinuteDigit(1), DigitAt(text, 3));
+  // The colon blinks with the seconds of the text itself.
+  SetVisible(Obj::Colon, DigitsValue(text, 4, 2) % 2 == 0);
+  // The note follows what is stored, not the alarm under edit.
+  SetVisible(Obj::Note, SettingBool(store::kAlarmOn));
+}
+
+void Form1::ShowScore(int value) {
+  ScoreShown = true;
+  Hide(Obj::am);
+  Hide(Obj::pm);
+  Hide(Obj::Colon);
+  const std::string s = Format000(value);
+  Hide(HourDigit(0));
+  const int hundreds = DigitAt(s, 0);
+  const int tens = DigitAt(s, 1);
+  if (hundreds != 0) {
+    ShowDigit(*this, HourDigit(1), hundreds);
+    ShowDigit(*this, MinuteDigit(0), tens);
+  } else {
+    Hide(HourDigit(1));
+    if (tens != 0) ShowDigit(*this, MinuteDigit(0), tens);
+    else Hide(MinuteDigit(0));
+  }
+  // The units digit was lit by the first time shown and is never put out.
+  CopyPicture(Number(DigitAt(s, 2)), MinuteDigit(1));
+}
 
 }  // namespace nautrix
