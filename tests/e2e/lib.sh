@@ -134,3 +134,28 @@ e2e_store_keys() {
 e2e_key() { xdotool windowactivate --sync "$E2E_WIN" >/dev/null 2>&1 || true; xdotool key --window "$E2E_WIN" "$@"; }
 
 e2e_shot() { import -window "$E2E_WIN" "$1"; }
+
+# A fingerprint of what a client-area rectangle ($1 $2 $3 $4: x y w h) shows now.
+e2e_region() {
+  import -window "$E2E_WIN" png:- 2>/dev/null |
+    /usr/bin/convert png:- -crop "${3}x${4}+${1}+${2}" +repage -depth 8 rgb:- | md5sum | cut -c1-32
+}
+
+# Keeps the null sink's level in a raw file for e2e_level (needs e2e_start_audio).
+e2e_start_level_monitor() {
+  E2E_LEVEL=$E2E_DIR/level.raw
+  parec --device=nautrix.monitor --format=s16le --rate=8000 --channels=1 --latency-msec=20 >"$E2E_LEVEL" &
+  E2E_PIDS+=($!)
+  sleep 0.3
+  pactl suspend-sink nautrix 1
+  pactl suspend-sink nautrix 0
+}
+
+# The RMS amplitude (0 to 1) of the last $1 seconds on the null sink.
+e2e_level() {
+  tail -c $(($1 * 16000)) "$E2E_LEVEL" | sox -t raw -r 8000 -e signed -b 16 -c 1 - -n stat 2>&1 |
+    awk '/RMS +amplitude/ {print $3}'
+}
+
+# True when the last $1 seconds were silent.
+e2e_silent() { awk -v l="$(e2e_level "$1")" 'BEGIN {exit !(l < 0.001)}'; }

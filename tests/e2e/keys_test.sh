@@ -1,0 +1,101 @@
+#!/usr/bin/env bash
+# The device worked from the keyboard and the pointer as a user works it, in a
+# real X server: the alarm set by keyboard lands in the store, S toggles the
+# sound, R erases the high scores and the alarm, GAME A by keyboard plays a
+# game to its end by itself, and a click on GAME A shows the high score while
+# held and starts the game at the release.
+source "$(dirname "$0")/lib.sh"
+app=$1
+e2e_setup
+e2e_start_audio
+e2e_start_level_monitor
+store=$(e2e_store)
+
+expect_eq() {
+  [ "$1" = "$2" ] || e2e_fail "$3: expected '$2', got '$1'"
+}
+
+# A store of an earlier run, with high scores, and no instructions at start.
+cat >"$store" <<'INI'
+[Nautrix]
+Sound=True
+Left=-45
+Top=-330
+Diver%20Speed=300
+Game%20A%20Speed=220
+Game%20B%20Speed=170
+Game%20A%20High%20Score=7
+Game%20B%20High%20Score=12
+Alarm%20Time=120000 PM
+Alarm%20On=False
+Always%20on%20Top=False
+Auto%20Show=True
+INI
+
+e2e_start_app "$app"
+sleep 1
+
+# --- The alarm by keyboard: A, the arrows, A again, T.
+e2e_key a            # alarm setting at 12:00 PM
+e2e_key Right        # minute: 12:01
+e2e_key Up           # hour: 01:01 PM
+e2e_key a            # arm the alarm; the release stores it
+sleep 0.3
+expect_eq "$(e2e_setting 'Alarm On')" "True" "Alarm On after A in alarm setting"
+e2e_key t            # store the time and leave
+sleep 0.3
+expect_eq "$(e2e_setting 'Alarm Time')" "010100 PM" "Alarm Time after T"
+
+# --- S toggles the sound mark and its key.
+e2e_key s
+sleep 0.3
+expect_eq "$(e2e_setting Sound)" "False" "Sound after S"
+e2e_key s
+sleep 0.3
+expect_eq "$(e2e_setting Sound)" "True" "Sound after a second S"
+
+# --- R: the ACL reset erases the high scores and the alarm.
+e2e_key r
+sleep 0.3
+expect_eq "$(e2e_setting 'Game A High Score')" "0" "Game A High Score after R"
+expect_eq "$(e2e_setting 'Game B High Score')" "0" "Game B High Score after R"
+expect_eq "$(e2e_setting 'Alarm Time')" "120000 PM" "Alarm Time after R"
+expect_eq "$(e2e_setting 'Alarm On')" "False" "Alarm On after R"
+e2e_key t            # leave clock setting: the device is idle again
+sleep 0.5
+
+# --- A click on GAME A: the high score and the GAME A mark while held, the
+# game at the release. The idle device is silent.
+sed -i 's/^Game%20A%20High%20Score=.*/Game%20A%20High%20Score=7/' "$store"
+sleep 1.2
+e2e_silent 1 || e2e_fail "the idle device is not silent"
+idle_mark=$(e2e_region 92 135 22 5)
+idle_hour=$(e2e_region 169 52 8 13)
+xdotool mousemove --window "$E2E_WIN" --sync 289 27 mousedown 1
+sleep 0.4
+[ "$(e2e_region 92 135 22 5)" != "$idle_mark" ] || e2e_fail "no GAME A mark while GAME A is held"
+[ "$(e2e_region 169 52 8 13)" != "$idle_hour" ] || e2e_fail "the readout still shows the time while GAME A is held"
+sleep 1
+e2e_silent 1 || e2e_fail "the game started at the press"
+xdotool mouseup 1
+sleep 1.5
+e2e_silent 1 && e2e_fail "no game beats after the release of GAME A"
+# T ends nothing in a running game; R ends it (the reset), and T goes idle.
+e2e_key r
+e2e_key t
+sleep 1.5
+e2e_silent 1 || e2e_fail "the reset did not end the game"
+
+# --- GAME A by keyboard, left alone, runs to game over: the game-over minute
+# is silent, while a game beeps at every beat.
+e2e_key 1
+sleep 1.5
+e2e_silent 1 && e2e_fail "no game beats after the 1 key"
+deadline=$((SECONDS + 240))
+until e2e_silent 3; do
+  [ $SECONDS -lt $deadline ] || e2e_fail "the game did not reach game over in 4 minutes"
+  sleep 1
+done
+kill -0 "$E2E_APP" || e2e_fail "the program ended during the game"
+e2e_stop_app TERM
+echo "keys: 1 passed, 0 failed"
