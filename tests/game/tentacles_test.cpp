@@ -140,6 +140,16 @@ TEST_P(Reversal, OnlyGameBTurnsATentacleAtItsLastSegment) {
 }
 INSTANTIATE_TEST_SUITE_P(Tentacles, Reversal, ::testing::Values(1, 2));
 
+// The chance is one in ten: from r4 = 0.1 on the tentacle goes home.
+TEST_F(Tentacles, GameBReversesOnlyOneTimeInTen) {
+  Play(2);
+  PutTentacle(4, 1, true);
+  Tick(4);
+  Turn({kFail, kFail, 0.1f});
+  EXPECT_EQ(form.TentacleLength[4], 0);
+  EXPECT_EQ(form.TentacleBack[4], 0);
+}
+
 // Only at the last segment: a Game B tentacle further out goes on back.
 TEST_F(Tentacles, GameBDoesNotReverseFurtherOut) {
   Play(2);
