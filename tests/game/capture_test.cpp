@@ -122,6 +122,29 @@ TEST_F(Capture, TheThirdMissGameOverItsMinuteAndTheLastBeat) {
   EXPECT_EQ(form.DiverPos, 1);
 }
 
+// Ended by a key in the minute, the game leaves one beat of the scene: the
+// idle screen plays it at its next second, in place of that second's demo
+// step, and only then does the demo walk again.
+TEST_F(Capture, EndedByAKeyTheIdleScreenTakesTheLastBeat) {
+  CaughtAtTwo(2);
+  Tick(14);
+  Sounds();
+  form.EndGame();
+  form.HideDivers();
+  Tick(3);  // within the second: nothing yet
+  EXPECT_EQ(form.CaptureBeats, 1);
+  EXPECT_TRUE(Lit(Obj::MissPic));
+  NextSecond();
+  EXPECT_EQ(form.CaptureBeats, 0);
+  EXPECT_FALSE(Lit(Obj::MissPic) || Lit(Obj::Arm) || Lit(Obj::Legs));
+  EXPECT_TRUE(Lit(DiverStep(0)) && Lit(Obj::Remainder0) && Lit(Obj::Remainder1));
+  EXPECT_EQ(form.DiverPos, 0);
+  EXPECT_EQ(form.Timer1Interval(), 50);
+  NextSecond();
+  EXPECT_EQ(form.DiverPos, 1);
+  EXPECT_TRUE(fake.sounds.empty());
+}
+
 // A new game over a game over hides the caught diver at once.
 TEST_F(Capture, ANewGameOverAGameOverClearsTheScene) {
   CaughtAtTwo(2);
