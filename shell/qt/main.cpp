@@ -1,1 +1,70 @@
-int main() { return 0; }
+// The program: the device, its window and its platform, started in the
+// device's order: Form_Load places the window from the store before it is
+// shown, and Timer1 runs from then on.
+#include <QApplication>
+#include <QByteArray>
+#include <QString>
+#include <cstdio>
+
+#include "device/form1.h"
+#include "shell/qt/device_window.h"
+#include "shell/qt/qt_platform.h"
+
+namespace {
+
+QtMessageHandler g_next_handler = nullptr;
+
+// What the desktop says of itself and the user cannot act on: an audio back
+// end without a server, sound decoding, a keyboard extension the X server
+// lacks, a runtime folder it had to make up.
+bool KnownPlatformWarning(QtMsgType type, const QMessageLogContext& context,
+                          const QString& message) {
+  if (type != QtWarningMsg && type != QtInfoMsg && type != QtDebugMsg) return false;
+  const QLatin1String category(context.category ? context.category : "");
+  if (category.startsWith(QLatin1String("qt.multimedia")) ||
+      category.startsWith(QLatin1String("qt.qpa.xkeyboard")))
+    return true;
+  static const char* const kKnown[] = {"PulseAudio", "pa_context", "pulseaudio", "GStreamer",
+                                       "QWaveDecoder", "XKEYBOARD", "XKB", "xkbcommon",
+                                       "QStandardPaths: "};
+  for (const char* known : kKnown) {
+    if (message.contains(QLatin1String(known))) return true;
+  }
+  return false;
+}
+
+void FilterMessages(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  if (KnownPlatformWarning(type, context, message)) return;
+  if (g_next_handler) return g_next_handler(type, context, message);
+  std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+      Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
+  // Only on X11 may a program place its own window; a platform chosen for the
+  // run (offscreen tests) is kept.
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb");
+  g_next_handler = qInstallMessageHandler(FilterMessages);
+
+  // The program reads no command line: Qt gets the program's name alone.
+  char name[] = "nautrix";
+  int app_argc = 1;
+  char* app_argv[] = {argc > 0 && argv[0] ? argv[0] : name, nullptr};
+  QApplication app(app_argc, app_argv);
+  // The program ends only through Form_Unload, never because a dialog closed
+  // while the device window is hidden in the tray.
+  app.setQuitOnLastWindowClosed(false);
+
+  nautrix::QtPlatform platform;
+  nautrix::Form1 form(platform);
+  nautrix::DeviceWindow window(form);
+  platform.Attach(form, window);
+  form.Form_Load();
+  if (platform.QuitRequested()) return 0;
+  window.show();
+  platform.StartTimer1();
+  return app.exec();
+}

@@ -1,0 +1,41 @@
+// The one application object of the shell's tests, under the offscreen
+// platform unless the run chose another, with a configuration folder of its
+// own so that no test reads or writes the user's store.
+#pragma once
+
+#include <QApplication>
+#include <QByteArray>
+#include <QSettings>
+#include <QTemporaryDir>
+
+namespace nautrix {
+
+inline QApplication& TestApp() {
+  static QApplication* app = [] {
+    static QTemporaryDir config;
+    qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int argc = 1;
+    static char name[] = "nautrix_qt_tests";
+    static char* argv[] = {name, nullptr};
+    return new QApplication(argc, argv);
+  }();
+  return *app;
+}
+
+// The store of a test in a folder of its own, given back at the end.
+class ScopedStoreFolder {
+ public:
+  explicit ScopedStoreFolder(const QString& path) {
+    TestApp();
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, path);
+  }
+  ~ScopedStoreFolder() {
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
+                       qEnvironmentVariable("XDG_CONFIG_HOME"));
+  }
+  ScopedStoreFolder(const ScopedStoreFolder&) = delete;
+  ScopedStoreFolder& operator=(const ScopedStoreFolder&) = delete;
+};
+
+}  // namespace nautrix
