@@ -20,6 +20,8 @@ constexpr int kBufferMs = 40;
 // Silence after the last sound before the sink is put to sleep, so an idle
 // device costs no wake-ups.
 constexpr int kIdleMs = 1200;
+// How often the sink's buffer is topped up while it is awake.
+constexpr int kFeedMs = 10;
 // A beep is a few kilobytes; a file much larger than this is not one.
 constexpr qint64 kLargestWave = 32 * 1024 * 1024;
 
@@ -171,6 +173,9 @@ qint64 VoiceReader::readData(char* data, qint64 max_size) {
 SoundVoice::SoundVoice(bool to_device) : reader_(VoiceFormat()), no_device_(!to_device) {
   idle_.setSingleShot(true);
   connect(&idle_, &QTimer::timeout, this, [this] { SuspendIfSilent(); });
+  feed_.setTimerType(Qt::PreciseTimer);
+  feed_.setInterval(kFeedMs);
+  connect(&feed_, &QTimer::timeout, this, [this] { Feed(); });
 }
 
 SoundVoice::~SoundVoice() {
@@ -185,7 +190,9 @@ void SoundVoice::Play(const QString& path) {
   std::shared_ptr<const Samples> samples = Load(path);
   reader_.Start(samples);
   if (!sounding) return;
-  const qint64 length_ms = samples ? static_cast<qint64>(samples->size()) * 1000 / reader_.format().sampleRate() : 0;
+  Feed();
+  const qint64 length_ms =
+      samples ? static_cast<qint64>(samples->size()) * 1000 / reader_.format().sampleRate() : 0;
   idle_.start(static_cast<int>(length_ms) + kIdleMs);
 }
 
@@ -228,13 +235,36 @@ bool SoundVoice::WakeSink() {
     }
     sink_ = std::make_unique<QAudioSink>(device, format);
     sink_->setBufferSize(format.bytesForDuration(kBufferMs * 1000));
-    sink_->start(&reader_);
-  } else if (sink_->state() == QAudio::SuspendedState) {
+  }
+  if (sink_->state() == QAudio::SuspendedState) {
     sink_->resume();
   } else if (sink_->state() == QAudio::StoppedState) {
-    sink_->start(&reader_);
+    out_ = sink_->start();
   }
-  return sink_->state() != QAudio::StoppedState;
+  if (sink_->state() == QAudio::StoppedState) return false;
+  if (!feed_.isActive()) feed_.start();
+  return true;
+}
+
+// The sink's buffer is kept full from the reader. Qt's own pull mode hands
+// the sink whole periods only, and stalls for good when the buffer the sound
+// server grants is no whole number of periods; feeding it ourselves keeps
+// the buffer, and so the delay before a new sound, as small as granted.
+void SoundVoice::Feed() {
+  if (!sink_ || !out_ || sink_->state() == QAudio::StoppedState ||
+      sink_->state() == QAudio::SuspendedState)
+    return;
+  const int frame = reader_.format().bytesPerFrame();
+  const qint64 free = sink_->bytesFree() / frame * frame;
+  if (free <= 0) return;
+  const qint64 queued = std::max<qint64>(sink_->bufferSize() - free, 0);
+  const bool waiting = reader_.Sounding() && reader_.StartDelayMs() < 0;
+  chunk_.resize(free);
+  reader_.read(chunk_.data(), free);
+  out_->write(chunk_.constData(), free);
+  // The new sound's first sample waits behind what the sink still holds.
+  if (waiting && reader_.StartDelayMs() >= 0)
+    start_latency_ms_ = reader_.StartDelayMs() + reader_.format().durationForBytes(queued) / 1000;
 }
 
 void SoundVoice::SuspendIfSilent() {
@@ -243,6 +273,7 @@ void SoundVoice::SuspendIfSilent() {
     idle_.start(kIdleMs);
     return;
   }
+  feed_.stop();
   if (sink_->state() == QAudio::ActiveState || sink_->state() == QAudio::IdleState) sink_->suspend();
 }
 

@@ -1,7 +1,7 @@
-// The program's single voice. One long-lived audio sink pulls from a reader
-// that hands out the current sound's samples and silence after them, so a new
-// sound simply replaces the one that plays (the newest wins) and nothing ever
-// waits for the audio device.
+// The program's single voice. One long-lived audio sink is kept fed from a
+// reader that hands out the current sound's samples and silence after them,
+// so a new sound simply replaces the one that plays (the newest wins) and
+// nothing ever waits for the audio device.
 #pragma once
 
 #include <QAudioFormat>
@@ -79,6 +79,10 @@ class SoundVoice : public QObject {
   // How many sounds have been started, and how many decodes were done.
   int plays() const { return plays_; }
   int decodes() const { return decodes_; }
+  // Milliseconds from the last sound's start to its first sample leaving for
+  // the speakers: the wait for the feed plus what the sink held before it.
+  // -1 before any sound reached the sink.
+  qint64 StartLatencyMs() const { return start_latency_ms_; }
 
  private:
   struct Decoded {
@@ -91,12 +95,17 @@ class SoundVoice : public QObject {
   std::shared_ptr<const Samples> Load(const QString& path);
   // Creates the sink at the first sound, or wakes it; false without audio.
   bool WakeSink();
+  void Feed();
   void SuspendIfSilent();
 
   VoiceReader reader_;
   std::unique_ptr<QAudioSink> sink_;
+  QIODevice* out_ = nullptr;  // the sink's side, written by Feed
   bool no_device_;
+  QTimer feed_;  // tops the sink up while it is awake
   QTimer idle_;  // suspends the sink a while after the last sound ends
+  QByteArray chunk_;
+  qint64 start_latency_ms_ = -1;
   QHash<QString, Decoded> decoded_;
   int plays_ = 0;
   int decodes_ = 0;

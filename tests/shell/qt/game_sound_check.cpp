@@ -1,22 +1,46 @@
 // The audio check of a game: the real window, platform and voice, a Game A
 // started as its key starts it, left to play for some seconds. The end-to-end
 // test records what reaches the speakers; this program reports what the
-// voice was asked to play and how soon each sound was handed to the sink.
+// voice was asked to play and how soon each sound left for the speakers.
+// Then the sound is switched off until the voice has gone to sleep, and a
+// beep played on it shows the delay of a sleeping voice.
 //
-//   nautrix_game_sound_check [seconds]     (default 8)
+//   nautrix_game_sound_check [seconds [wakes]]     (default 8 and 3)
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QTimer>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
+#include <string>
 
 #include "device/form1.h"
 #include "shell/qt/device_window.h"
 #include "shell/qt/qt_platform.h"
 
+namespace {
+
+struct Delays {
+  qint64 worst = -1, total = 0;
+  int count = 0;
+  void Add(qint64 ms) {
+    worst = std::max(worst, ms);
+    total += ms;
+    ++count;
+  }
+  void Print(const char* what) const {
+    std::printf("%s mean=%.1f worst=%lld over=%d\n", what,
+                count ? static_cast<double>(total) / count : -1.0, static_cast<long long>(worst),
+                count);
+  }
+};
+
+}  // namespace
+
 int main(int argc, char** argv) {
   const double seconds = argc > 1 ? std::atof(argv[1]) : 8.0;
+  const int wakes = argc > 2 ? std::atoi(argv[2]) : 3;
   QApplication app(argc, argv);
   app.setQuitOnLastWindowClosed(false);
 
@@ -31,37 +55,51 @@ int main(int argc, char** argv) {
   form.GameMode = 1;
   form.StartGame();
 
-  // Watch every sound start: how long until the sink took its first sample.
+  // Every sound's delay, taken once the voice has handed its first sample on.
   nautrix::SoundVoice& voice = platform.voice();
+  Delays game, awake;
+  Delays* current = &game;
   int seen_plays = 0;
-  qint64 worst_delay = -1, total_delay = 0;
-  int delays = 0;
-  bool playing_throughout = true;
+  bool playing_throughout = true, in_game = true;
   QTimer watch;
   watch.setTimerType(Qt::PreciseTimer);
   QObject::connect(&watch, &QTimer::timeout, [&] {
-    playing_throughout = playing_throughout && form.Playing;
-    const qint64 delay = voice.reader().StartDelayMs();
-    if (voice.plays() != seen_plays && delay >= 0) {
+    if (in_game) playing_throughout = playing_throughout && form.Playing;
+    if (voice.plays() != seen_plays && voice.reader().StartDelayMs() >= 0) {
       seen_plays = voice.plays();
-      worst_delay = std::max(worst_delay, delay);
-      total_delay += delay;
-      ++delays;
+      current->Add(voice.StartLatencyMs());
     }
   });
   watch.start(2);
 
   QElapsedTimer run;
   run.start();
-  QTimer::singleShot(static_cast<int>(seconds * 1000), [&] {
-    std::printf("seconds=%.2f plays=%d timer_ms=%d playing=%d decodes=%d suspended=%d\n",
-                run.elapsed() / 1000.0, voice.plays(), platform.Timer1Ms(),
-                playing_throughout ? 1 : 0, voice.decodes(), voice.Suspended() ? 1 : 0);
-    std::printf("start_delay_ms mean=%.1f worst=%lld over=%d\n",
-                delays ? static_cast<double>(total_delay) / delays : -1.0,
-                static_cast<long long>(worst_delay), delays);
+  const std::string beep = platform.ProgramFolder() + "/Beep0.wav";
+  int woken = 0, slept = 0;
+  std::function<void()> wake_once;
+  wake_once = [&] {
+    if (woken == wakes) {
+      awake.Print("wake_delay_ms");
+      std::printf("slept_before_wakes=%d of %d\n", slept, wakes);
+      std::fflush(stdout);
+      app.exit(playing_throughout && game.count > 0 && slept == wakes ? 0 : 1);
+      return;
+    }
+    slept += voice.Suspended() ? 1 : 0;
+    ++woken;
+    platform.PlayWave(beep);
+    QTimer::singleShot(1800, Qt::PreciseTimer, wake_once);
+  };
+  QTimer::singleShot(static_cast<int>(seconds * 1000), Qt::PreciseTimer, [&] {
+    in_game = false;
+    std::printf("seconds=%.2f plays=%d timer_ms=%d playing=%d decodes=%d\n", run.elapsed() / 1000.0,
+                voice.plays(), platform.Timer1Ms(), playing_throughout ? 1 : 0, voice.decodes());
+    game.Print("start_delay_ms");
     std::fflush(stdout);
-    app.exit(playing_throughout && voice.plays() > 0 ? 0 : 1);
+    // The device's own switch silences the game; the voice then sleeps.
+    form.mSound.Checked = false;
+    current = &awake;
+    QTimer::singleShot(1800, Qt::PreciseTimer, wake_once);
   });
   return app.exec();
 }
