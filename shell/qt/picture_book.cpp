@@ -11,6 +11,7 @@
 #include <QSvgRenderer>
 #include <cmath>
 #include <memory>
+#include <vector>
 
 #include "shell/qt/picture_sources.h"
 
@@ -88,23 +89,27 @@ class SheetArt {
   QImage base_;
 };
 
-// ResetScreen: every LCD object lit at once, painted back to front from the
-// objects' own pictures, the digits all showing 8.
-QImage EveryLcdObjectLit(const std::array<QImage, kPicCount>& images, SheetArt& front,
-                         const PictureSource& source, qreal dpr) {
-  const Rect screen = PlaceRect(source);
-  QImage image = front.Cut(screen, "");
+// Pastes objects' own pictures over `image`, which shows `place`, back to
+// front in the order given.
+template <typename Objects>
+void PasteObjects(QImage& image, const Rect& place, const std::array<QImage, kPicCount>& images,
+                  const Objects& objects) {
   QPainter painter(&image);
-  painter.translate(-screen.left, -screen.top);
-  for (int i = Index(Obj::GameType0); i >= Index(Obj::am); --i) {
-    const Obj o = static_cast<Obj>(i);
+  painter.translate(-place.left, -place.top);
+  for (Obj o : objects) {
     Pic pic = Info(o).picture;
-    if (pic == Pic::None) pic = Pic::Number8;
+    if (pic == Pic::None) pic = Pic::Number8;  // a digit shows 8 when all is lit
     const Rect r = Info(o).rect;
     painter.drawImage(QPointF(r.left, r.top), images[static_cast<int>(pic)]);
   }
-  (void)dpr;
-  return image;
+}
+
+// The LCD objects back to front: GameType(0) is the backmost, am the topmost
+// below ResetScreen itself.
+std::vector<Obj> EveryLcdObject() {
+  std::vector<Obj> objects;
+  for (int i = Index(Obj::GameType0); i >= Index(Obj::am); --i) objects.push_back(static_cast<Obj>(i));
+  return objects;
 }
 
 }  // namespace
@@ -113,9 +118,13 @@ PictureBook::PictureBook(qreal device_pixel_ratio) : dpr_(device_pixel_ratio) {
   SheetArt front(Sheet::Front, dpr_);
   std::unique_ptr<SheetArt> back;
   std::array<QImage, kPicCount> images;
+  const auto composite = [](const PictureSource& s) {
+    return QLatin1String(s.elements) == QLatin1String(kBaseWithAlwaysLit) ||
+           QLatin1String(s.elements) == QLatin1String(kEveryLcdObject);
+  };
   for (int i = 1; i < kPicCount; ++i) {
     const PictureSource& source = SourceOf(static_cast<Pic>(i));
-    if (QLatin1String(source.elements) == QLatin1String(kEveryLcdObject)) continue;
+    if (composite(source)) continue;
     if (source.sheet == Sheet::Back) {
       if (!back) back = std::make_unique<SheetArt>(Sheet::Back, dpr_);
       images[i] = back->Cut(PlaceRect(source), source.elements);
@@ -125,8 +134,13 @@ PictureBook::PictureBook(qreal device_pixel_ratio) : dpr_(device_pixel_ratio) {
   }
   for (int i = 1; i < kPicCount; ++i) {
     const PictureSource& source = SourceOf(static_cast<Pic>(i));
+    if (!composite(source)) continue;
+    const Rect place = PlaceRect(source);
+    images[i] = front.Cut(place, "");
     if (QLatin1String(source.elements) == QLatin1String(kEveryLcdObject)) {
-      images[i] = EveryLcdObjectLit(images, front, source, dpr_);
+      PasteObjects(images[i], place, images, EveryLcdObject());
+    } else {
+      PasteObjects(images[i], place, images, kAlwaysLit);
     }
   }
   for (int i = 1; i < kPicCount; ++i) {

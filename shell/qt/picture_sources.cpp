@@ -25,7 +25,7 @@ constexpr std::array<PictureSource, kPicCount> kSources = {{
     {Pic::None, F, Obj::FrontCase, ""},
     // The case: its base is the face with the printed sea scene; the body of
     // the nautrix and the chest are segments that are always lit.
-    {Pic::FrontCase, F, Obj::FrontCase, "Nautrix0 Nautrix1 Nautrix2 Treasure"},
+    {Pic::FrontCase, F, Obj::FrontCase, kBaseWithAlwaysLit},
     // The back sheet is cut whole; FrontCase names the 333 x 198 at 0, 0.
     {Pic::BackCase, Sheet::Back, Obj::FrontCase, ""},
     {Pic::ResetScreen, F, Obj::ResetScreen, kEveryLcdObject},

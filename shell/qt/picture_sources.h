@@ -18,9 +18,14 @@ enum class Sheet : uint8_t { Front, Back };
 const char* SheetResource(Sheet sheet);  // ":/art/front.svg"
 const char* SheetBase(Sheet sheet);      // element id of the sheet's base layer
 
-// Element list of ResetScreen: not elements of the sheet but every LCD
+// Two pictures are not cut from the sheet but put together from others:
+// FrontCase is the sheet's base with the objects that are always lit (the
+// body of the nautrix and the chest) pasted in from their own pictures, so
+// the case and the lit segments agree to the pixel; ResetScreen is every LCD
 // object lit, painted back to front from their own pictures.
+inline constexpr const char* kBaseWithAlwaysLit = "+";
 inline constexpr const char* kEveryLcdObject = "*";
+inline constexpr Obj kAlwaysLit[] = {Obj::Nautrix2, Obj::Nautrix1, Obj::Nautrix0, Obj::Treasure};
 
 struct PictureSource {
   Pic pic;

@@ -1,0 +1,46 @@
+// What the artwork costs the program: building every bitmap of the device
+// window at 100 % and 200 %, the icon, and one leaflet page (the viewer
+// renders pages when it shows them).
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+
+#include "shell/qt/picture_book.h"
+
+namespace {
+
+void EnsureApp() {
+  if (QCoreApplication::instance()) return;
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  static int argc = 1;
+  static char name[] = "nautrix_shell_bench";
+  static char* argv[] = {name, nullptr};
+  new QApplication(argc, argv);
+}
+
+void BM_PictureBook(benchmark::State& state) {
+  EnsureApp();
+  const qreal dpr = static_cast<qreal>(state.range(0));
+  for (auto _ : state) {
+    nautrix::PictureBook book(dpr);
+    benchmark::DoNotOptimize(book.Picture(nautrix::Pic::FrontCase).cacheKey());
+  }
+  state.SetLabel(dpr == 1 ? "every picture, 100 %" : "every picture, 200 %");
+}
+BENCHMARK(BM_PictureBook)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+
+void BM_AppIcon(benchmark::State& state) {
+  EnsureApp();
+  for (auto _ : state) benchmark::DoNotOptimize(nautrix::AppIcon().cacheKey());
+}
+BENCHMARK(BM_AppIcon)->Unit(benchmark::kMillisecond);
+
+void BM_RenderPage(benchmark::State& state) {
+  EnsureApp();
+  const int page = static_cast<int>(state.range(0));
+  for (auto _ : state) benchmark::DoNotOptimize(nautrix::RenderPage(page, 2).cacheKey());
+  state.SetLabel("at 200 %");
+}
+BENCHMARK(BM_RenderPage)->Arg(1)->Arg(9)->Unit(benchmark::kMillisecond);
+
+}  // namespace
