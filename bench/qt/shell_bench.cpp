@@ -1,0 +1,101 @@
+// What the desktop shell costs on the tick's path: a store read (the idle
+// readout reads "Alarm On" at every tick), the device clock, a beep started
+// from a decoded file, the voice's feed, a whole idle tick through the real
+// platform and window, and, off the tick's path, a store write with its sync.
+#include <benchmark/benchmark.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "device/form1.h"
+#include "shell/qt/device_window.h"
+#include "shell/qt/qt_platform.h"
+#include "shell/qt/sound_voice.h"
+#include "tests/shell/qt/qt_test_app.h"
+
+namespace nautrix {
+namespace {
+
+constexpr char kApp[] = "Tickplay Simulator";
+constexpr char kSection[] = "Nautrix";
+
+void BM_StoreRead(benchmark::State& state) {
+  QTemporaryDir dir;
+  ScopedStoreFolder folder(dir.path());
+  QtPlatform platform(false);
+  platform.SaveSetting(kApp, kSection, "Alarm On", "False");
+  for (auto _ : state) benchmark::DoNotOptimize(platform.GetSetting(kApp, kSection, "Alarm On", ""));
+}
+BENCHMARK(BM_StoreRead);
+
+void BM_StoreWrite(benchmark::State& state) {
+  QTemporaryDir dir;
+  ScopedStoreFolder folder(dir.path());
+  QtPlatform platform(false);
+  int n = 0;
+  for (auto _ : state) platform.SaveSetting(kApp, kSection, "Left", std::to_string(n++ % 1000));
+  state.SetLabel("with the sync to disk");
+}
+BENCHMARK(BM_StoreWrite)->Unit(benchmark::kMicrosecond);
+
+void BM_DeviceClock(benchmark::State& state) {
+  TestApp();
+  QtPlatform platform(false);
+  for (auto _ : state) benchmark::DoNotOptimize(platform.Now());
+}
+BENCHMARK(BM_DeviceClock);
+
+QString WriteBeep(const QTemporaryDir& dir) {
+  QByteArray wave("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\x01\0\x01\0\x44\xac\0\0\x88\x58\x01\0\x02\0\x10\0data", 40);
+  const int samples = 44100 * 40 / 1000;  // a 40 ms beep
+  for (char c : {char(samples * 2), char(samples * 2 >> 8), char(0), char(0)}) wave.append(c);
+  for (int i = 0; i < samples; ++i) wave.append(i % 50 < 25 ? "\x00\x40" : "\x00\xc0", 2);
+  QFile file(dir.path() + "/Beep0.wav");
+  file.open(QIODevice::WriteOnly);
+  file.write(wave);
+  return file.fileName();
+}
+
+// The tick's share of a beep: the file's look-up and the switch of sounds.
+void BM_PlayDecodedBeep(benchmark::State& state) {
+  TestApp();
+  QTemporaryDir dir;
+  const QString path = WriteBeep(dir);
+  SoundVoice voice(false);
+  voice.Preload(path);
+  for (auto _ : state) voice.Play(path);
+}
+BENCHMARK(BM_PlayDecodedBeep);
+
+// One feed of the sink: 10 ms of a sounding beep.
+void BM_VoiceFeed10ms(benchmark::State& state) {
+  TestApp();
+  QTemporaryDir dir;
+  const QString path = WriteBeep(dir);
+  SoundVoice voice(false);
+  char out[441 * 2];
+  for (auto _ : state) {
+    state.PauseTiming();
+    voice.Play(path);
+    state.ResumeTiming();
+    benchmark::DoNotOptimize(voice.reader().read(out, sizeof out));
+  }
+}
+BENCHMARK(BM_VoiceFeed10ms);
+
+// A tick of the idle clock screen on the desktop platform, with the window
+// (offscreen) taking the repaint requests.
+void BM_IdleTickOnTheDesktop(benchmark::State& state) {
+  QTemporaryDir dir;
+  ScopedStoreFolder folder(dir.path());
+  QtPlatform platform(false);
+  Form1 form(platform);
+  DeviceWindow window(form);
+  platform.Attach(form, window);
+  form.Form_Load();
+  for (auto _ : state) form.Timer1_Timer();
+}
+BENCHMARK(BM_IdleTickOnTheDesktop);
+
+}  // namespace
+}  // namespace nautrix
