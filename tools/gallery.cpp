@@ -198,7 +198,10 @@ QImage DrawScene(const Scene& scene, const PictureBook& book) {
 
 // Every picture of the book, enlarged, in a grid with its name.
 QImage PictureSheet(const PictureBook& book, int zoom) {
-  const int cell_w = 64 * zoom, cell_h = 40 * zoom, cols = 8;
+  // Cells hold the largest sprite (30 x 26 logical) at the book's ratio times
+  // the zoom, with room for the name.
+  const int scale = static_cast<int>(book.devicePixelRatio()) * zoom;
+  const int cell_w = 44 * scale + 40, cell_h = 36 * scale, cols = 8;
   std::vector<Pic> pics;
   for (int i = 1; i < kPicCount; ++i) {
     const Pic pic = static_cast<Pic>(i);
