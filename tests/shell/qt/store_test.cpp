@@ -149,6 +149,14 @@ TEST_F(StoreTest, AStoreThatCannotBeWrittenStillServesTheRun) {
   EXPECT_FALSE(QFile::exists(dir.path() + "/not-a-folder/config/Tickplay Simulator.ini"));
 }
 
+// A first run on a fresh account: the configuration folder is made.
+TEST_F(StoreTest, AMissingFolderIsMadeAtTheFirstWrite) {
+  ScopedStoreFolder fresh(dir.path() + "/home/.config");
+  QtPlatform platform(false);
+  platform.SaveSetting(kApp, kSection, "Sound", "True");
+  EXPECT_TRUE(FileText(dir.path() + "/home/.config/Tickplay Simulator.ini").contains("Sound=True"));
+}
+
 // The same with a folder that exists and is read-only; the superuser may
 // write there anyway, so the case needs an ordinary user.
 TEST_F(StoreTest, AReadOnlyFolderStillServesTheRun) {
