@@ -104,16 +104,6 @@ TEST(WindowPosition, TwipsAndPixelsConvertBothWays) {
   }
 }
 
-TEST_F(DeviceWindowTest, TheStoredPositionPlacesTheWindowAndReadsBack) {
-  EXPECT_EQ(window.pos(), QPoint(100, 100));
-  EXPECT_EQ(platform.WindowLeft(), 1455);
-  EXPECT_EQ(platform.WindowTop(), 1170);
-  platform.MoveWindow(-44, -336);
-  EXPECT_EQ(window.pos(), QPoint(0, 0));
-  EXPECT_EQ(platform.WindowLeft(), -45);
-  EXPECT_EQ(platform.WindowTop(), -330);
-}
-
 TEST(WindowPosition, AFirstRunStoresThePositionAsTheWindowReportsIt) {
   QTemporaryDir dir;
   ScopedStoreFolder folder(dir.path());
