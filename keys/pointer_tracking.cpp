@@ -37,9 +37,11 @@ constexpr KeyRect kKeyRects[] = {
 }  // namespace
 
 void Form1::TrackPointer() {
+  // Nothing is tracked unless a pointer press holds a key. Looking at the
+  // pointer costs a round trip to the display, so the idle device does not.
+  if (PressedKey < 0) return;
   // One look at the pointer serves all eight keys.
   const Point p = platform().CursorPos();
-  if (PressedKey < 0) return;
   PressedKey = kOffKeys;
   for (int key = kGameAKey; key <= kLogoKey; ++key) {
     if (kKeyRects[key].Contains(p)) {
