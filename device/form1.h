@@ -156,6 +156,7 @@ class Form1 {
   void HideDivers();
 
   // ---- game/capture.cpp --------------------------------------------------
+  void BeginCapture();  // a tip and the diver have met
   void CaptureTick();
 
   // ---- game/score.cpp ----------------------------------------------------

@@ -40,6 +40,16 @@ const KeyRule& RuleOf(const std::string& key) {
   return kNone;
 }
 
+// A number of the store within its key's range, else the key's default.
+template <typename T>
+T NumberSetting(Form1& form, const std::string& key, bool (*parse)(const std::string&, T&)) {
+  const KeyRule& rule = RuleOf(key);
+  T value{};
+  if (parse(form.GetSetting(key), value) && value >= rule.low && value <= rule.high) return value;
+  parse(rule.fallback, value);
+  return value;
+}
+
 }  // namespace
 
 std::string Form1::GetSetting(const std::string& key, const std::string& def) {
@@ -67,20 +77,10 @@ bool Form1::SettingBool(const std::string& key) {
   return value;
 }
 
-int Form1::SettingInt(const std::string& key) {
-  const KeyRule& rule = RuleOf(key);
-  int value = 0;
-  if (ParseInt(GetSetting(key), value) && value >= rule.low && value <= rule.high) return value;
-  ParseInt(rule.fallback, value);
-  return value;
-}
+int Form1::SettingInt(const std::string& key) { return NumberSetting<int>(*this, key, ParseInt); }
 
 float Form1::SettingSingle(const std::string& key) {
-  const KeyRule& rule = RuleOf(key);
-  float value = 0;
-  if (ParseSingle(GetSetting(key), value) && value >= rule.low && value <= rule.high) return value;
-  ParseSingle(rule.fallback, value);
-  return value;
+  return NumberSetting<float>(*this, key, ParseSingle);
 }
 
 std::string Form1::SettingTimeText(const std::string& key) {

@@ -27,26 +27,29 @@ bool ParseBool(const std::string& text, bool& value) {
   return true;
 }
 
-bool ParseInt(const std::string& text, int& value) {
+namespace {
+
+// A whole text as one number of type T, in the C locale's form.
+template <typename T>
+bool ParseNumber(const std::string& text, T& value) {
   std::string t = Trimmed(text);
   if (!t.empty() && t[0] == '+') t.erase(0, 1);
   if (t.empty()) return false;
   const char* end = t.data() + t.size();
-  int parsed = 0;
+  T parsed{};
   const auto [ptr, ec] = std::from_chars(t.data(), end, parsed);
   if (ec != std::errc() || ptr != end) return false;
   value = parsed;
   return true;
 }
 
+}  // namespace
+
+bool ParseInt(const std::string& text, int& value) { return ParseNumber(text, value); }
+
 bool ParseSingle(const std::string& text, float& value) {
-  std::string t = Trimmed(text);
-  if (!t.empty() && t[0] == '+') t.erase(0, 1);
-  if (t.empty()) return false;
-  const char* end = t.data() + t.size();
   float parsed = 0;
-  const auto [ptr, ec] = std::from_chars(t.data(), end, parsed);
-  if (ec != std::errc() || ptr != end || !std::isfinite(parsed)) return false;
+  if (!ParseNumber(text, parsed) || !std::isfinite(parsed)) return false;
   value = parsed;
   return true;
 }

@@ -15,6 +15,9 @@ void SetPose(Form1& f, int pose) {
 
 }  // namespace
 
+// The whole scene in a game; the demo's is silent and starts at the grip.
+void Form1::BeginCapture() { CaptureBeats = Playing ? 11 : 9; }
+
 void Form1::CaptureTick() {
   if (CaptureBeats == 0) return;
   --CaptureBeats;

@@ -14,22 +14,27 @@ Obj DiverSprite(const Form1& f, int p) {
   return Diver(4 * (p - 1) + f.DiverLoad + f.TentacleDown[t]);
 }
 
+// One step on the sea floor, to position p (1 to 5): the diver is drawn
+// first, and whether the tentacle over him takes him is tested last. While
+// the clock or the alarm is being set the walking demo catches nobody there.
+void WalkTo(Form1& f, int p) {
+  f.Hide(DiverStep(f.DiverPos));
+  f.DiverPos = static_cast<uint8_t>(p);
+  f.CopyPicture(DiverSprite(f, p), DiverStep(p));
+  f.Show(DiverStep(p));
+  if (f.TentacleDown[p - 1] == 1 && f.BonusBeats == 0 && f.ClockSetting == 0 &&
+      f.AlarmSetting == 0) {
+    f.BeginCapture();
+  }
+}
+
 }  // namespace
 
 void Form1::DiverForward() {
   // Any step off the boat ends the wait there.
   BoatWait = 0;
   if (DiverPos < 5) {
-    Hide(DiverStep(DiverPos));
-    ++DiverPos;
-    CopyPicture(DiverSprite(*this, DiverPos), DiverStep(DiverPos));
-    Show(DiverStep(DiverPos));
-    // While the clock or the alarm is being set the walking demo catches
-    // nobody on the sea floor.
-    if (TentacleDown[DiverPos - 1] == 1 && BonusBeats == 0 && ClockSetting == 0 &&
-        AlarmSetting == 0) {
-      CaptureBeats = Playing ? 11 : 9;
-    }
+    WalkTo(*this, DiverPos + 1);
     return;
   }
   // At the chest: the bonus holds the work still.
@@ -46,7 +51,7 @@ void Form1::DiverForward() {
     }
   }
   CopyPicture(DiverSprite(*this, DiverPos), DiverStep(5));
-  if (TentacleDown[4] == 1 && BonusBeats == 0) CaptureBeats = Playing ? 11 : 9;
+  if (TentacleDown[4] == 1 && BonusBeats == 0) BeginCapture();
 }
 
 void Form1::DiverBack() {
@@ -54,14 +59,7 @@ void Form1::DiverBack() {
   // Leaving the chest ends the work; a treasure not yet taken stays there.
   if (DiverPos > 5) DiverPos = 5;
   if (DiverPos > 1) {
-    Hide(DiverStep(DiverPos));
-    --DiverPos;
-    CopyPicture(DiverSprite(*this, DiverPos), DiverStep(DiverPos));
-    Show(DiverStep(DiverPos));
-    if (TentacleDown[DiverPos - 1] == 1 && BonusBeats == 0 && ClockSetting == 0 &&
-        AlarmSetting == 0) {
-      CaptureBeats = Playing ? 11 : 9;
-    }
+    WalkTo(*this, DiverPos - 1);
     return;
   }
   // Only a diver with the treasure may climb on the boat, and not during a

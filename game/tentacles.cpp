@@ -58,7 +58,7 @@ void Form1::MoveTentacles() {
         if (p == t + 1) {
           CopyPicture(Diver(4 * (DiverPos - 1) + DiverLoad + TentacleDown[p - 1]), DiverStep(p));
           beat = false;
-          if (BonusBeats == 0) CaptureBeats = Playing ? 11 : 9;
+          if (BonusBeats == 0) BeginCapture();
         }
         TentacleBack[t] = 1;
       }
