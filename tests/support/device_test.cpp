@@ -2,48 +2,39 @@
 
 #include <sstream>
 
-#include "device/store_keys.h"
-
 namespace nautrix {
+
+// Each broken invariant is told by its own condition.
+#define NAUTRIX_HOLDS(condition) \
+  if (!(condition)) out << #condition << "\n"
 
 std::string InvariantViolations(const Form1& f) {
   std::ostringstream out;
-  auto check = [&](bool holds, const char* what) {
-    if (!holds) out << what << "\n";
-  };
-  check(f.AlarmSetting == 0 || f.ClockSetting == 0, "AlarmSetting and ClockSetting both set");
-  check(f.Misses != 4 || f.Playing, "Misses 4 without Playing");
-  check(f.PressedKey == kNoKey || !f.KeyLatch, "PressedKey and KeyLatch both hold a key");
-  check(f.PressedKey >= -1 && f.PressedKey <= 8, "PressedKey out of range");
-  check(f.TentacleDown[5] == 0 && f.TentacleBack[5] == 0 && f.TentacleLength[5] == 0 &&
-            f.TentacleMax[5] == 0,
-        "cell 5 of the tentacle arrays used");
+  NAUTRIX_HOLDS(f.AlarmSetting == 0 || f.ClockSetting == 0);
+  NAUTRIX_HOLDS(f.Misses != 4 || f.Playing);
+  NAUTRIX_HOLDS(f.PressedKey == kNoKey || !f.KeyLatch);
+  NAUTRIX_HOLDS(f.TentacleLength[0] == 0 || f.TentacleLength[1] == 0);  // one root
+  NAUTRIX_HOLDS(f.TentacleDown[5] + f.TentacleBack[5] + f.TentacleLength[5] + f.TentacleMax[5] == 0);
   for (int t = 0; t <= 4; ++t) {
-    check(f.TentacleDown[t] == 0 || f.TentacleLength[t] == f.TentacleMax[t],
-          "TentacleDown without full length");
-    check(f.TentacleLength[t] <= f.TentacleMax[t], "TentacleLength above TentacleMax");
-    check(f.TentacleBack[t] <= 1 && f.TentacleDown[t] <= 1, "tentacle flag out of range");
+    NAUTRIX_HOLDS(f.TentacleDown[t] == 0 || f.TentacleLength[t] == f.TentacleMax[t]);
+    NAUTRIX_HOLDS(f.TentacleLength[t] <= f.TentacleMax[t]);
+    NAUTRIX_HOLDS(f.TentacleBack[t] <= 1 && f.TentacleDown[t] <= 1);
     for (int k = 0; k < f.TentacleMax[t]; ++k) {
-      check(f.IsVisible(Tentacle(t, k)) == (k < f.TentacleLength[t]),
-            "tentacle segments do not match TentacleLength");
+      NAUTRIX_HOLDS(f.IsVisible(Tentacle(t, k)) == (k < f.TentacleLength[t]));
     }
   }
-  check(f.TentacleTurn <= 4, "TentacleTurn out of range");
-  check(f.PairReady <= 1, "PairReady out of range");
-  check(f.DiverPos <= 8, "DiverPos out of range");
-  check(f.DiverLoad == 0 || f.DiverLoad == 2, "DiverLoad out of range");
-  check(f.Score >= 0 && f.Score <= 999, "Score out of range");
-  check(f.Misses <= 4, "Misses out of range");
-  check(f.BoatWait <= 10, "BoatWait out of range");
-  check(f.BoatBeats <= 4, "BoatBeats out of range");
-  check(f.CaptureBeats <= 11, "CaptureBeats out of range");
-  check(f.BonusBeats <= 16, "BonusBeats out of range");
-  check(f.OverSeconds >= 0 && f.OverSeconds <= 60, "OverSeconds out of range");
-  check(f.LastSecond <= 59, "LastSecond out of range");
-  check(f.RepeatDelay <= 3, "RepeatDelay out of range");
-  check(f.GameMode <= 2 && f.AlarmSetting <= 2 && f.ClockSetting <= 1, "mode field out of range");
+  NAUTRIX_HOLDS(f.TentacleTurn <= 4 && f.PairReady <= 1);
+  NAUTRIX_HOLDS(f.DiverPos <= 8 && (f.DiverLoad == 0 || f.DiverLoad == 2));
+  NAUTRIX_HOLDS(f.Score >= 0 && f.Score <= 999 && f.Misses <= 4);
+  NAUTRIX_HOLDS(f.BoatWait <= 10 && f.BoatBeats <= 4 && f.CaptureBeats <= 11);
+  NAUTRIX_HOLDS(f.BonusBeats <= 16 && f.OverSeconds >= 0 && f.OverSeconds <= 60);
+  NAUTRIX_HOLDS(f.LastSecond <= 59 && f.RepeatDelay <= 3);
+  NAUTRIX_HOLDS(f.PressedKey >= -1 && f.PressedKey <= 8);
+  NAUTRIX_HOLDS(f.GameMode <= 2 && f.AlarmSetting <= 2 && f.ClockSetting <= 1);
   return out.str();
 }
+
+#undef NAUTRIX_HOLDS
 
 void FillDefaultStore(FakePlatform& fake) {
   fake.store = {
@@ -54,6 +45,13 @@ void FillDefaultStore(FakePlatform& fake) {
       {store::kAlarmTime, "120000 PM"},  {store::kAlarmOn, "False"},
       {store::kAlwaysOnTop, "False"},    {store::kAutoShow, "True"},
   };
+}
+
+const char* Name(By by) { return by == By::Pointer ? "Pointer" : "Keyboard"; }
+
+const char* Name(Mode mode) {
+  static const char* const names[] = {"Idle", "Game", "GameOver", "AlarmSet", "ClockSet"};
+  return names[static_cast<int>(mode)];
 }
 
 void DeviceTest::Load() {
@@ -80,6 +78,148 @@ void DeviceTest::NextSecond(int count) {
     fake.AdvanceSeconds(1);
     Tick();
   }
+}
+
+void DeviceTest::Forget() {
+  fake.calls.clear();
+  fake.store_writes.clear();
+  fake.intervals.clear();
+  fake.sounds.clear();
+  fake.rnd_draws = 0;
+}
+
+std::string DeviceTest::Readout() const {
+  std::string shown;
+  for (Obj o : {HourDigit(0), HourDigit(1), MinuteDigit(0), MinuteDigit(1)}) {
+    char c = '-';
+    for (int d = 0; d <= 9; ++d) {
+      if (Lit(o) && Shows(o, Number(d))) c = static_cast<char>('0' + d);
+    }
+    shown += c;
+  }
+  return shown + " " + (Lit(Obj::am) ? "am" : "") + (Lit(Obj::pm) ? "pm" : "") +
+         (Lit(Obj::Colon) ? ":" : "");
+}
+
+std::string DeviceTest::Sea() const {
+  std::string sea;
+  sea += !Lit(DiverStep(0)) ? '-' : Shows(DiverStep(0), OnTheBoat(1)) ? 'B' : 'b';
+  sea += Lit(Obj::Remainder0) ? 'r' : '-';
+  sea += Lit(Obj::Remainder1) ? 'r' : '-';
+  std::string diver = "-";
+  for (int p = 1; p <= 5; ++p) {
+    for (int n = 0; n < 32 && Lit(DiverStep(p)); ++n) {
+      if (Shows(DiverStep(p), Diver(n))) diver = std::to_string(p) + ":" + std::to_string(n);
+    }
+  }
+  sea += " " + diver + " ";
+  for (int t = 0; t <= 4; ++t) sea += static_cast<char>('0' + form.TentacleLength[t]);
+  sea += !Lit(Obj::MissPic) ? " -" : Shows(Obj::Arm, TempArm(1)) ? " k1" : " k0";
+  return form.CaptureBeats == 0 ? sea : sea + " c" + std::to_string(form.CaptureBeats);
+}
+
+std::string DeviceTest::Beeped() {
+  std::string beeps;
+  for (const std::string& name : fake.TakeSounds()) beeps += name.substr(4, 1);
+  return beeps;
+}
+
+bool DeviceTest::IsDown(Obj key) const {
+  if (key == Obj::LeftButton || key == Obj::RightButton) return Shows(key, Button1(1));
+  if (key == Obj::AlarmButton || key == Obj::ACLButton) return Shows(key, Button2(1));
+  return Shows(key, Button0(1));
+}
+
+void DeviceTest::Play(int mode) {
+  form.GameMode = static_cast<uint8_t>(mode);
+  form.StartGame();
+  Forget();
+}
+
+void DeviceTest::Do(const std::string& moves) {
+  for (const char move : moves) {
+    switch (move) {
+      case 'r': form.DiverForward(); break;
+      case 'l': form.DiverBack(); break;
+      case 't': Tick(); break;
+      case 's': NextSecond(); break;
+      default: break;
+    }
+  }
+}
+
+void DeviceTest::Turn(std::initializer_list<float> numbers) {
+  fake.Script(numbers);
+  Tick();
+}
+
+void DeviceTest::PutTentacle(int t, int length, bool back) {
+  for (int k = 0; k < form.TentacleMax[t]; ++k) form.SetVisible(Tentacle(t, k), k < length);
+  form.TentacleLength[t] = static_cast<uint8_t>(length);
+  form.TentacleBack[t] = back ? 1 : 0;
+  form.TentacleDown[t] = length == form.TentacleMax[t] ? 1 : 0;
+}
+
+void DeviceTest::Enter(Mode mode) {
+  switch (mode) {
+    case Mode::Idle: break;
+    case Mode::Game: Play(1); break;
+    case Mode::GameOver:
+      Play(1);
+      form.Misses = 3;  // the third diver's capture ends
+      form.ShowPlayfield();
+      break;
+    case Mode::AlarmSet: Click(By::Keyboard, Obj::AlarmButton); break;
+    case Mode::ClockSet: Click(By::Keyboard, Obj::ACLButton); break;
+  }
+  Forget();
+}
+
+Point DeviceTest::Middle(Obj key) {
+  const Rect r = Info(key).rect;
+  return {r.left + r.width / 2, r.top + r.height / 2};
+}
+
+void DeviceTest::PressAt(Obj key, Point p) {
+  MoveTo(p);
+  form.MouseDown(key, 1, 0, 0, 0);
+  ExpectInvariants();
+}
+
+namespace {
+
+int CodeOf(Obj key) {
+  // 1, 2, T, the Left and Right arrows, A; R for ACL.
+  const std::pair<Obj, int> codes[] = {{Obj::GameAButton, 49}, {Obj::GameBButton, 50},
+                                       {Obj::TimeButton, 84},  {Obj::LeftButton, 37},
+                                       {Obj::RightButton, 39}, {Obj::AlarmButton, 65}};
+  for (const auto& [object, code] : codes) {
+    if (object == key) return code;
+  }
+  return 82;
+}
+
+}  // namespace
+
+void DeviceTest::Down(By by, Obj key) {
+  if (by == By::Keyboard) return KeyDown(CodeOf(key));
+  PressAt(key, Middle(key));
+}
+
+void DeviceTest::Up(By by, Obj key) {
+  if (by == By::Keyboard) return KeyUp(CodeOf(key));
+  form.MouseUp(key, 1, 0, 0, 0);
+  ExpectInvariants();
+}
+
+void DeviceTest::KeyDown(int code) {
+  form.Form_KeyDown(code, 0);
+  ExpectInvariants();
+}
+
+void DeviceTest::KeyUp(int code) {
+  form.Form_KeyUp(code, 0);
+  ExpectInvariants();
 }
 
 }  // namespace nautrix

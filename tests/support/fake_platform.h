@@ -13,13 +13,14 @@
 
 namespace nautrix {
 
+const char* DialogName(Dialog dialog);  // "Form2", "Form3", "Form4"
+
 class FakePlatform : public Platform {
  public:
   // ---- What the test sets -------------------------------------------------
-  // The computer's time of day, in seconds since midnight.
-  int machine_seconds = 9 * 3600;
-  // Random numbers handed out in order; when the script runs dry, `rnd_default`
-  // (which makes every start chance fail).
+  int machine_seconds = 9 * 3600;  // the computer's time of day
+  // Random numbers handed out in order; when the script runs dry,
+  // `rnd_default` (which makes every start chance fail).
   std::deque<float> rnd_script;
   float rnd_default = 0.99f;
   Point cursor{-1, -1};
@@ -30,15 +31,15 @@ class FakePlatform : public Platform {
   std::map<std::string, std::string> store;  // key -> value, section "Nautrix"
 
   // ---- What the device did --------------------------------------------------
-  std::vector<int> intervals;        // every SetTimerInterval
-  std::vector<std::string> sounds;   // bare file names of every PlayWave
-  std::vector<std::string> calls;    // window, menu, dialog and tray calls in order
+  std::vector<int> intervals;             // every SetTimerInterval
+  std::vector<std::string> sounds;        // bare file names of every PlayWave
+  std::vector<std::string> calls;         // window, menu, dialog and tray calls in order
   std::vector<std::string> store_writes;  // "key=value" or "-key" in order
-  std::set<Obj> changed;             // objects whose look changed
+  std::set<Obj> changed;                  // objects whose look changed
   int seed = -1;
   int rnd_draws = 0;
-  int clock_offset = 0;              // the device's own offset, seconds
-  float left = 0, top = 0;           // window position as the window reports it
+  int clock_offset = 0;     // the device's own offset, seconds
+  float left = 0, top = 0;  // window position as the window reports it
   bool window_shown = true;
   bool quit = false;
 
@@ -54,34 +55,52 @@ class FakePlatform : public Platform {
   void SetTimerInterval(int ms) override { intervals.push_back(ms); }
   ClockTime Now() override;
   void SetTimeOfDay(const std::string& text) override;
-  std::string GetSetting(const std::string& app, const std::string& section,
-                         const std::string& key, const std::string& def) override;
-  void SaveSetting(const std::string& app, const std::string& section, const std::string& key,
-                   const std::string& value) override;
-  void DeleteSetting(const std::string& app, const std::string& section,
-                     const std::string& key) override;
+  std::string GetSetting(const std::string&, const std::string&, const std::string& key,
+                         const std::string& def) override;
+  void SaveSetting(const std::string&, const std::string&, const std::string& key,
+                   const std::string& value) override {
+    store[key] = value;
+    store_writes.push_back(key + "=" + value);
+  }
+  void DeleteSetting(const std::string&, const std::string&, const std::string& key) override {
+    store.erase(key);
+    store_writes.push_back("-" + key);
+  }
   void Randomize(int s) override { seed = s; }
   float Rnd() override;
-  void PlayWave(const std::string& path) override;
-  bool FileAttributes(const std::string& path, bool& is_directory) override;
+  void PlayWave(const std::string& path) override {
+    sounds.push_back(path.substr(path.rfind('/') + 1));
+  }
+  bool FileAttributes(const std::string& path, bool& is_directory) override {
+    is_directory = directories.count(path) != 0;
+    return is_directory || files.count(path) != 0;
+  }
   std::string ProgramFolder() override { return program_folder; }
   Point CursorPos() override { return cursor; }
   float WindowLeft() override { return left; }
   float WindowTop() override { return top; }
   void MoveWindow(float l, float t) override;
-  void ShowWindow(bool shown) override;
-  void SetTopmost(bool topmost) override;
-  void SetDialogTopmost(Dialog dialog, bool topmost) override;
+  void ShowWindow(bool shown) override {
+    window_shown = shown;
+    calls.push_back(shown ? "ShowWindow" : "HideWindow");
+  }
+  void SetTopmost(bool on) override { calls.push_back(on ? "Topmost" : "NotTopmost"); }
+  void SetDialogTopmost(Dialog dialog, bool on) override {
+    calls.push_back(std::string(DialogName(dialog)) + (on ? " Topmost" : " NotTopmost"));
+  }
   void ObjectChanged(Obj object) override { changed.insert(object); }
   void ProcessEvents() override { calls.push_back("ProcessEvents"); }
   void OpenPopupMenu() override { calls.push_back("PopupMenu"); }
-  void OpenDialog(Dialog dialog) override;
+  void OpenDialog(Dialog dialog) override {
+    calls.push_back(std::string("Open ") + DialogName(dialog));
+  }
   void OpenUrl(const std::string& url) override { calls.push_back("OpenUrl " + url); }
   void AddTrayIcon() override { calls.push_back("AddTrayIcon"); }
   void RemoveTrayIcon() override { calls.push_back("RemoveTrayIcon"); }
-  void Quit() override { quit = true; calls.push_back("Quit"); }
+  void Quit() override {
+    quit = true;
+    calls.push_back("Quit");
+  }
 };
-
-const char* DialogName(Dialog dialog);
 
 }  // namespace nautrix
