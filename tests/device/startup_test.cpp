@@ -1,8 +1,9 @@
-// Start-up repairs the store key by key and sets the record's start values;
-// shut-down removes the icon, stops the tick and writes nothing.
+// START-UP - Form_Load repairs the store key by key, in a fixed order, and
+// gives the record its start values; a hand-edited store never breaks the
+// device, as a value it cannot read as its key's type, or one out of the
+// key's range, reads as the key's default. Shut-down writes nothing.
 #include <algorithm>
 
-#include "device/store_keys.h"
 #include "tests/support/device_test.h"
 
 namespace nautrix {
@@ -10,167 +11,130 @@ namespace {
 
 using StartUp = DeviceTest;
 
-const std::vector<std::string> kTwelveKeys = {
-    "Alarm On",     "Alarm Time",        "Always on Top",     "Auto Show",
-    "Diver Speed",  "Game A High Score", "Game A Speed",      "Game B High Score",
-    "Game B Speed", "Left",              "Sound",             "Top"};
-
-std::vector<std::string> Keys(const FakePlatform& fake) {
-  std::vector<std::string> keys;
-  for (const auto& [key, value] : fake.store) keys.push_back(key);
-  return keys;
+std::string Joined(const std::vector<std::string>& texts) {
+  std::string joined;
+  for (const std::string& text : texts) joined += (joined.empty() ? "" : ";") + text;
+  return joined;
 }
 
-TEST_F(StartUp, FirstRunStoresTheTwelveDefaultsAndOpensTheInstructions) {
+// A first run writes all twelve keys in the store's order, places the window
+// with its client area at the screen's corner (stored as the window reports
+// it) and opens the instructions, on top, before the tray icon comes.
+TEST_F(StartUp, AFirstRunStoresTheDefaultsInOrderAndOpensTheInstructions) {
   fake.SetDeviceTime(14, 30, 42);
   form.Form_Load();
-
-  EXPECT_EQ(Keys(fake), kTwelveKeys);
-  EXPECT_EQ(fake.store["Sound"], "True");
-  EXPECT_EQ(fake.store["Diver Speed"], "300");
-  EXPECT_EQ(fake.store["Game A Speed"], "220");
-  EXPECT_EQ(fake.store["Game B Speed"], "170");
-  EXPECT_EQ(fake.store["Game A High Score"], "0");
-  EXPECT_EQ(fake.store["Game B High Score"], "0");
-  EXPECT_EQ(fake.store["Alarm Time"], "120000 PM");
-  EXPECT_EQ(fake.store["Alarm On"], "False");
-  EXPECT_EQ(fake.store["Always on Top"], "False");
-  EXPECT_EQ(fake.store["Auto Show"], "True");
-  // The window lands with its client area at the screen's corner, and the
-  // position is stored as the window then reports it.
-  EXPECT_EQ(fake.store["Left"], "-45");
-  EXPECT_EQ(fake.store["Top"], "-330");
-  EXPECT_EQ((fake.left + 45) / 15, 0);
-  EXPECT_EQ((fake.top + 330) / 15, 0);
-
+  EXPECT_EQ(Joined(fake.store_writes),
+            "Sound=True;Left=-45;Top=-330;Diver Speed=300;Game A Speed=220;Game B Speed=170;"
+            "Game A High Score=0;Game B High Score=0;Alarm Time=120000 PM;Alarm On=False;"
+            "Always on Top=False;Auto Show=True");
+  EXPECT_EQ(fake.left + fake.top, -45 - 330);
   EXPECT_EQ(fake.seed, 42);
-  EXPECT_TRUE(form.mSound.Checked);
-  EXPECT_TRUE(form.mAutoShow.Checked);
-  EXPECT_FALSE(form.mAlwaysOnTop.Checked);
-  const std::vector<std::string> expected_calls = {"NotTopmost", "Open Form4", "Form4 Topmost",
-                                                   "AddTrayIcon"};
-  EXPECT_EQ(fake.calls, expected_calls);
+  EXPECT_TRUE(form.mSound.Checked && form.mAutoShow.Checked && !form.mAlwaysOnTop.Checked);
+  EXPECT_EQ(Joined(fake.calls), "NotTopmost;Open Form4;Form4 Topmost;AddTrayIcon");
 }
 
-TEST_F(StartUp, TheStoreIsVisitedInItsOrder) {
-  form.Form_Load();
-  const std::vector<std::string> expected = {
-      "Sound=True",        "Left=-45",          "Top=-330",           "Diver Speed=300",
-      "Game A Speed=220",  "Game B Speed=170",  "Game A High Score=0", "Game B High Score=0",
-      "Alarm Time=120000 PM", "Alarm On=False", "Always on Top=False", "Auto Show=True"};
-  EXPECT_EQ(fake.store_writes, expected);
+// Only the keys that are missing are written, in order; a key that holds
+// "NotFound" counts as missing; "Alarm On" is repaired only together with
+// "Alarm Time"; "Seconds" is deleted; a missing "Auto Show" is taken for a
+// first run. Junk stays in the store and loads as the key's default; a
+// position off the screen is taken as it stands.
+TEST_F(StartUp, AStoreIsRepairedKeyByKey) {
+  const struct {
+    const char* edits;  // "key=value" or "-key", separated by ';'
+    const char* writes;
+    const char* calls;  // before the tray icon
+    const char* place;
+  } cases[] = {
+      {"", "", "Topmost", "1455,29670"},
+      {"Seconds=True", "-Seconds", "Topmost", "1455,29670"},
+      {"-Game A Speed;-Top", "Top=-330;Game A Speed=220", "Topmost", "1455,-330"},
+      {"Diver Speed=NotFound", "Diver Speed=300", "Topmost", "1455,29670"},
+      {"-Alarm On", "", "Topmost", "1455,29670"},
+      {"-Alarm Time", "Alarm Time=120000 PM;Alarm On=False", "Topmost", "1455,29670"},
+      {"-Auto Show", "Auto Show=True", "Topmost;Open Form4;Form4 Topmost", "1455,29670"},
+      {"Sound=loud;Always on Top=sometimes;Auto Show=;Left=abc;Top=1e30", "", "NotTopmost",
+       "-45,-330"},
+  };
+  for (const auto& c : cases) {
+    FakePlatform fake;
+    FillDefaultStore(fake);
+    fake.store["Always on Top"] = "True";
+    fake.store["Sound"] = "False";
+    fake.store["Left"] = "1455";
+    fake.store["Top"] = "29670";
+    const std::string edits = c.edits;
+    for (size_t at = 0; at < edits.size();) {
+      const size_t end = std::min(edits.find(';', at), edits.size());
+      const std::string edit = edits.substr(at, end - at), key = edit.substr(0, edit.find('='));
+      if (edit[0] == '-') fake.store.erase(edit.substr(1));
+      else fake.store[key] = edit.substr(key.size() + 1);
+      at = end + 1;
+    }
+    Form1 form(fake);
+    form.Form_Load();
+    EXPECT_EQ(Joined(fake.store_writes), c.writes) << c.edits;
+    EXPECT_EQ(Joined(fake.calls), std::string(c.calls) + ";AddTrayIcon") << c.edits;
+    EXPECT_EQ(std::to_string(int(fake.left)) + "," + std::to_string(int(fake.top)), c.place);
+    // The stored "False" is read; junk reads as the default, on.
+    EXPECT_EQ(form.mSound.Checked, fake.store["Sound"] == "loud") << c.edits;
+  }
 }
 
-TEST_F(StartUp, AFullStoreIsReadAndNotRewritten) {
+TEST_F(StartUp, JunkNumbersTimesAndBooleansReadAsTheKeysDefault) {
   FillDefaultStore(fake);
-  fake.store["Sound"] = "False";
-  fake.store["Always on Top"] = "True";
-  fake.store["Auto Show"] = "False";
-  fake.store["Left"] = "1455";
-  fake.store["Top"] = "1170";
-  form.Form_Load();
-
-  EXPECT_TRUE(fake.store_writes.empty());
-  EXPECT_FALSE(form.mSound.Checked);
-  EXPECT_TRUE(form.mAlwaysOnTop.Checked);
-  EXPECT_FALSE(form.mAutoShow.Checked);
-  EXPECT_EQ(fake.left, 1455);
-  EXPECT_EQ(fake.top, 1170);
-  // A second start shows no instructions, whatever "Auto Show" holds.
-  EXPECT_EQ(std::count(fake.calls.begin(), fake.calls.end(), "Open Form4"), 0);
-  EXPECT_EQ(fake.calls.front(), "Topmost");
+  const struct {
+    const char* key;
+    const char* stored;
+    int read;
+  } numbers[] = {
+      {"Game A Speed", "fast", 220}, {"Game A Speed", "-5", 220},   {"Game A Speed", "0", 220},
+      {"Game A Speed", "442", 220},  {"Game A Speed", " 150 ", 150}, {"Game B Speed", "12.5", 170},
+      {"Game B Speed", "441", 441},  {"Diver Speed", "", 300},      {"Diver Speed", "1", 1},
+      {"Diver Speed", "99999999999", 300}, {"Game A High Score", "-1", 0},
+      {"Game B High Score", "1000", 0},    {"Game B High Score", "999", 999},
+  };
+  for (const auto& c : numbers) {
+    fake.store[c.key] = c.stored;
+    EXPECT_EQ(form.SettingInt(c.key), c.read) << c.key << " = \"" << c.stored << "\"";
+  }
+  for (const char* junk : {"", "7", "130000 PM", "120000 XM", "126000 AM", "1200000AM"}) {
+    fake.store["Alarm Time"] = junk;
+    EXPECT_EQ(form.SettingTimeText("Alarm Time"), "120000 PM") << junk;
+  }
+  fake.store["Alarm Time"] = "075900 AM";
+  EXPECT_EQ(form.SettingTimeText("Alarm Time"), "075900 AM");
+  fake.store["Alarm On"] = "-1";
+  EXPECT_TRUE(form.SettingBool("Alarm On"));
 }
 
-TEST_F(StartUp, SecondsIsDeletedAndEverythingElseKept) {
-  FillDefaultStore(fake);
-  fake.store["Seconds"] = "True";
-  fake.store["Game A High Score"] = "417";
-  form.Form_Load();
-  EXPECT_FALSE(fake.Has("Seconds"));
-  EXPECT_EQ(fake.store["Game A High Score"], "417");
-  EXPECT_EQ(Keys(fake), kTwelveKeys);
-  EXPECT_EQ(fake.store_writes, std::vector<std::string>{"-Seconds"});
-}
-
-TEST_F(StartUp, DeletedKeysAreRepairedOneByOne) {
-  FillDefaultStore(fake);
-  fake.store["Game B Speed"] = "99";
-  fake.store.erase("Game A Speed");
-  fake.store.erase("Top");
-  fake.store.erase("Auto Show");
-  form.Form_Load();
-  EXPECT_EQ(fake.store["Game A Speed"], "220");
-  EXPECT_EQ(fake.store["Game B Speed"], "99");
-  EXPECT_EQ(fake.store["Top"], "-330");
-  EXPECT_EQ(fake.store["Auto Show"], "True");
-  // A missing "Auto Show" is a first run: the instructions open.
-  EXPECT_NE(std::find(fake.calls.begin(), fake.calls.end(), "Open Form4"), fake.calls.end());
-}
-
-TEST_F(StartUp, AlarmTimeWithoutAlarmOnIsLeftSo) {
-  FillDefaultStore(fake);
-  fake.store["Alarm Time"] = "063000 AM";
-  fake.store.erase("Alarm On");
-  form.Form_Load();
-  EXPECT_FALSE(fake.Has("Alarm On"));
-  EXPECT_EQ(fake.store["Alarm Time"], "063000 AM");
-}
-
-TEST_F(StartUp, AKeyHoldingNotFoundCountsAsMissing) {
-  FillDefaultStore(fake);
-  fake.store["Diver Speed"] = "NotFound";
-  form.Form_Load();
-  EXPECT_EQ(fake.store["Diver Speed"], "300");
-}
-
-TEST_F(StartUp, TheRecordTakesItsStartValues) {
-  // Values a previous life could have left: Form_Load must set these.
+// Values a previous life could have left are set; the fields Form_Load
+// leaves alone keep their creation values; the keys get their up pictures,
+// and the LCD shows its design. Shut-down removes the icon, stops the tick
+// and saves nothing.
+TEST_F(StartUp, TheRecordTakesItsStartValuesAndUnloadSavesNothing) {
   form.PressedKey = 5;
   form.BoatWait = 3;
   form.TentacleLength[2] = 4;
   form.Playing = true;
   Load();
-
   EXPECT_EQ(form.PressedKey, kNoKey);
   EXPECT_EQ(form.BoatWait, 10);
-  EXPECT_EQ(form.TentacleLength[2], 0);
-  EXPECT_FALSE(form.Playing);
-  const std::array<uint8_t, 6> max = {3, 4, 5, 4, 3, 0};
-  EXPECT_EQ(form.TentacleMax, max);
-  EXPECT_EQ(form.TentacleDown[5], 0);
-  // Fields that Form_Load leaves alone keep their creation values.
-  EXPECT_EQ(form.BoatBeats, 0);
-  EXPECT_EQ(form.LastSecond, 0);
-  EXPECT_EQ(form.EditTimeText, "");
-  EXPECT_FALSE(form.AlarmArmed);
+  EXPECT_FALSE(form.Playing || form.AlarmArmed);
+  EXPECT_EQ(form.TentacleMax, (std::array<uint8_t, 6>{3, 4, 5, 4, 3, 0}));
+  EXPECT_EQ(form.BoatBeats + form.LastSecond + form.EditTimeText.size(), 0u);
   EXPECT_EQ(form.Timer1Interval(), 50);
-
-  // The back comes over the client area; the keys have their up pictures.
-  const Rect back = form.ObjectRect(Obj::BackCase);
-  EXPECT_EQ(back.left, 0);
-  EXPECT_EQ(back.top, 0);
-  EXPECT_FALSE(Lit(Obj::BackCase));
-  EXPECT_TRUE(Shows(Obj::GameAButton, Button0(0)));
-  EXPECT_TRUE(Shows(Obj::TimeButton, Button0(0)));
-  EXPECT_TRUE(Shows(Obj::RightButton, Button1(0)));
-  EXPECT_TRUE(Shows(Obj::ACLButton, Button2(0)));
-  EXPECT_TRUE(Shows(Obj::Logo, TPLogo(0)));
-  // The LCD shows what the form data shows: creature, chest, boat, spares.
-  EXPECT_TRUE(Lit(Obj::DiverStep0) && Lit(Obj::Remainder0) && Lit(Obj::Remainder1));
-  EXPECT_TRUE(Lit(Nautrix(0)) && Lit(Obj::Treasure));
-  EXPECT_FALSE(Lit(Obj::am) || Lit(Obj::pm) || Lit(Obj::Colon));
-}
-
-TEST_F(StartUp, UnloadRemovesTheIconStopsTheTickAndSavesNothing) {
-  Load();
-  fake.calls.clear();
-  fake.store_writes.clear();
+  for (Obj key : {Obj::GameAButton, Obj::GameBButton, Obj::TimeButton, Obj::LeftButton,
+                  Obj::RightButton, Obj::AlarmButton, Obj::ACLButton}) {
+    EXPECT_FALSE(IsDown(key) || form.Picture(key) == Pic::None) << Info(key).name;
+  }
+  EXPECT_TRUE(Shows(Obj::Logo, TPLogo(0)) && !Lit(Obj::BackCase));
+  EXPECT_EQ(Sea() + "|" + Readout(), "brr - 00000 -|---- ");
+  Forget();
   int cancel = 0;
   form.Form_Unload(cancel);
-  EXPECT_EQ(fake.calls, (std::vector<std::string>{"RemoveTrayIcon", "Quit"}));
-  EXPECT_EQ(fake.intervals.back(), 0);
+  EXPECT_EQ(Joined(fake.calls), "RemoveTrayIcon;Quit");
+  EXPECT_EQ(fake.intervals, std::vector<int>{0});
   EXPECT_TRUE(fake.store_writes.empty());
-  EXPECT_EQ(cancel, 0);
 }
 
 }  // namespace
