@@ -1,85 +1,60 @@
 // CAPTURE - the scene of a caught diver, beat by beat: in a game, in the
 // demo, at the third miss, through the game-over minute and its end.
-#include "tests/game/game_scene.h"
+#include "tests/support/device_test.h"
 
 namespace nautrix {
 namespace {
 
-class Capture : public GameScene {
+class Capture : public Scene {
  protected:
-  // A game whose diver has just stepped under tentacle 1 standing down.
+  // A game at 42 points whose diver has just stepped under tentacle 1
+  // standing down.
   void CaughtAtTwo(int misses) {
+    form.Playing = false;
     Play(1);
     form.Misses = static_cast<uint8_t>(misses);
     form.ShowSpares();
     form.ShowPlayfield();
     form.Score = 42;
-    WalkTo(1);
+    Do("r");
     PutTentacle(1, 4, true);
-    form.DiverForward();
+    Do("r");
     ASSERT_EQ(form.CaptureBeats, 11);
-    Sounds();
+    Beeped();
   }
-  bool Pose(int pose) const {
-    return Shows(Obj::Arm, TempArm(pose)) && Shows(Obj::Legs, TempLegs(pose));
+  // Plays the beats, each a tick, against their sea and beeps.
+  void Beats(std::initializer_list<std::pair<const char*, const char*>> beats) {
+    for (const auto& [sea, beeps] : beats) {
+      Tick();
+      EXPECT_EQ(Sea(), sea);
+      EXPECT_EQ(Beeped(), beeps) << sea;
+    }
   }
 };
 
 // The first miss: the capture beep and the diver's pace, a silent beat, the
 // grip (a spare to the boat, the caught diver up in tentacles 2 and 3), seven
 // kicking beats with the last spare moving up, and the next diver on the
-// boat at the game's pace.
+// boat at the game's pace; a bag carried is lost with him.
 TEST_F(Capture, TheElevenBeatsOfTheFirstMissInAGame) {
   CaughtAtTwo(0);
-  Tick();  // 10
-  EXPECT_EQ(Sounds(), Beeps{"Beep2.wav"});
-  EXPECT_EQ(form.Timer1Interval(), 300);
-  EXPECT_TRUE(Lit(DiverStep(2)));
-  Tick();  // 9
-  EXPECT_TRUE(Sounds().empty());
-  EXPECT_FALSE(Lit(Obj::MissPic));
-  Tick();  // 8, the grip
-  EXPECT_TRUE(Sounds().empty());
+  Beats({{"-rr 2:5 04000 - c10", "2"}, {"-rr 2:5 04000 - c9", ""},
+         {"br- - 04220 k0 c8", ""},    {"br- - 04220 k1 c7", "1"},
+         {"br- - 04220 k0 c6", "1"},   {"br- - 04220 k1 c5", "1"},
+         {"b-r - 04220 k0 c4", "1"},   {"b-r - 04220 k1 c3", "1"},
+         {"b-r - 04220 k0 c2", "1"}});
+  form.DiverLoad = 2;
+  Beats({{"b-r - 04220 k1 c1", "1"}, {"b-r - 04220 -", ""}});
   EXPECT_EQ(form.Misses, 1);
-  EXPECT_FALSE(Lit(DiverStep(2)));
-  EXPECT_EQ(form.DiverPos, 2);
-  EXPECT_TRUE(Lit(Obj::MissPic) && Lit(Obj::Arm) && Lit(Obj::Legs));
-  EXPECT_TRUE(Pose(0));
-  EXPECT_EQ(form.TentacleLength[2], 2);
-  EXPECT_EQ(form.TentacleLength[3], 2);
-  EXPECT_EQ(form.TentacleLength[1], 4);  // the catcher keeps its place
-  EXPECT_TRUE(Lit(Obj::Remainder0));
-  EXPECT_FALSE(Lit(Obj::Remainder1));
-  EXPECT_TRUE(Lit(DiverStep(0)) && Shows(DiverStep(0), OnTheBoat(0)));
-  for (int b = 7; b >= 1; --b) {
-    Tick();
-    EXPECT_TRUE(Pose(b % 2)) << b;
-    EXPECT_EQ(Sounds(), Beeps{"Beep1.wav"}) << b;
-    EXPECT_EQ(Lit(Obj::Remainder0), b > 4) << b;
-    EXPECT_EQ(Lit(Obj::Remainder1), b <= 4) << b;
-  }
-  Tick();  // 0
-  EXPECT_TRUE(Sounds().empty());
-  EXPECT_EQ(form.CaptureBeats, 0);
-  EXPECT_FALSE(Lit(Obj::MissPic) || Lit(Obj::Arm) || Lit(Obj::Legs));
-  EXPECT_EQ(form.DiverPos, 0);
+  EXPECT_EQ(form.DiverLoad, 0);
   EXPECT_EQ(form.BoatWait, 10);
-  EXPECT_EQ(form.Timer1Interval(), 220);
-  for (int p = 1; p <= 5; ++p) EXPECT_FALSE(Lit(DiverStep(p)));
-  // Tentacle 2 goes on growing from its grip pose.
-  Tick(3);
-  EXPECT_EQ(form.TentacleLength[2], 3);
-}
+  EXPECT_EQ(fake.intervals, (std::vector<int>{300, 220}));
+  Tick(3);  // the catcher goes home, tentacle 2 on from its grip pose
+  EXPECT_EQ(Sea(), "b-r - 03320 -");
 
-// At the second miss the last spare goes to the boat and none moves up.
-TEST_F(Capture, TheSecondMissLeavesNoSpare) {
-  CaughtAtTwo(1);
-  Tick(3);
-  EXPECT_EQ(form.Misses, 2);
-  EXPECT_FALSE(Lit(Obj::Remainder0) || Lit(Obj::Remainder1));
-  Tick(8);
-  EXPECT_FALSE(Lit(Obj::Remainder0) || Lit(Obj::Remainder1));
-  EXPECT_TRUE(Lit(DiverStep(0)));
+  CaughtAtTwo(1);  // the second miss leaves no spare
+  Tick(11);
+  EXPECT_EQ(Sea(), "b-- - 04220 -");
 }
 
 // The third capture sounds like the others, then the game is over: the high
@@ -89,74 +64,66 @@ TEST_F(Capture, TheSecondMissLeavesNoSpare) {
 TEST_F(Capture, TheThirdMissGameOverItsMinuteAndTheLastBeat) {
   CaughtAtTwo(2);
   Tick(11);
-  EXPECT_EQ(Sounds(), (Beeps{"Beep2.wav", "Beep1.wav", "Beep1.wav", "Beep1.wav", "Beep1.wav",
-                             "Beep1.wav", "Beep1.wav", "Beep1.wav"}));
+  EXPECT_EQ(Beeped(), "21111111");
+  EXPECT_EQ(Sea(), "--- - 04220 k1 c7");
   EXPECT_EQ(form.Misses, 4);
-  EXPECT_EQ(form.CaptureBeats, 7);
   EXPECT_EQ(fake.store[store::kGameAHighScore], "42");
-  EXPECT_TRUE(Lit(Obj::MissPic));
-  EXPECT_FALSE(Lit(DiverStep(0)) || Lit(Obj::Remainder0) || Lit(Obj::Remainder1));
+  Beats({{"--- - 04220 k0 c6", ""}, {"--- - 04220 k1 c7", ""}, {"--- - 04220 k0 c6", ""}});
   EXPECT_EQ(form.Timer1Interval(), 300);
-  for (int i = 0; i < 6; ++i) {
-    Tick();
-    EXPECT_TRUE(Pose(i % 2 == 0 ? 0 : 1));
-  }
-  EXPECT_TRUE(Sounds().empty());
-
   NextSecond(59);
-  EXPECT_TRUE(form.Playing);
-  EXPECT_EQ(form.OverSeconds, 59);
-  EXPECT_TRUE(form.ScoreShown);
+  EXPECT_TRUE(form.Playing && form.ScoreShown);
   NextSecond();
   EXPECT_FALSE(form.Playing);
-  EXPECT_EQ(form.CaptureBeats, 0);
-  EXPECT_FALSE(Lit(Obj::MissPic) || Lit(Obj::Arm) || Lit(Obj::Legs));
-  EXPECT_TRUE(Lit(DiverStep(0)) && Lit(Obj::Remainder0) && Lit(Obj::Remainder1));
-  EXPECT_FALSE(Lit(DiverStep(2)));
+  EXPECT_EQ(Sea(), "brr - 04220 -");
   EXPECT_FALSE(Lit(GameType(0)));
   EXPECT_EQ(form.Timer1Interval(), 50);
-  EXPECT_TRUE(Lit(Obj::Colon));  // the time is back on the readout
-  EXPECT_TRUE(Sounds().empty());
-  // The next tick belongs to the idle screen and its demo.
-  NextSecond();
+  EXPECT_EQ(Readout(), "-901 am:");
+  NextSecond();  // the idle screen's demo
   EXPECT_EQ(form.DiverPos, 1);
+  EXPECT_EQ(Beeped(), "");
 }
 
-// Ended by a key in the minute, the game leaves one beat of the scene: the
+// Ended by TIME in the minute, the game leaves one beat of the scene: the
 // idle screen plays it at its next second, in place of that second's demo
-// step, and only then does the demo walk again.
-TEST_F(Capture, EndedByAKeyTheIdleScreenTakesTheLastBeat) {
+// step. A new game started over the minute clears the scene at once.
+TEST_F(Capture, EndedByAKeyTheLastBeatGoesToTheIdleScreenOrTheNewGame) {
   CaughtAtTwo(2);
   Tick(14);
-  Sounds();
-  form.EndGame();
-  form.HideDivers();
-  Tick(3);  // within the second: nothing yet
-  EXPECT_EQ(form.CaptureBeats, 1);
-  EXPECT_TRUE(Lit(Obj::MissPic));
+  Click(By::Keyboard, Obj::TimeButton);
+  Tick(3);
+  EXPECT_EQ(Sea(), "--- - 04220 k0 c1");
   NextSecond();
-  EXPECT_EQ(form.CaptureBeats, 0);
-  EXPECT_FALSE(Lit(Obj::MissPic) || Lit(Obj::Arm) || Lit(Obj::Legs));
-  EXPECT_TRUE(Lit(DiverStep(0)) && Lit(Obj::Remainder0) && Lit(Obj::Remainder1));
-  EXPECT_EQ(form.DiverPos, 0);
+  EXPECT_EQ(Sea(), "brr - 04220 -");
   EXPECT_EQ(form.Timer1Interval(), 50);
   NextSecond();
   EXPECT_EQ(form.DiverPos, 1);
-  EXPECT_TRUE(fake.sounds.empty());
-}
-
-// A new game over a game over hides the caught diver at once.
-TEST_F(Capture, ANewGameOverAGameOverClearsTheScene) {
   CaughtAtTwo(2);
   Tick(13);
-  form.EndGame();
-  form.HideDivers();
-  form.GameMode = 2;
-  form.StartGame();
-  EXPECT_EQ(form.CaptureBeats, 0);
-  EXPECT_FALSE(Lit(Obj::MissPic) || Lit(Obj::Arm) || Lit(Obj::Legs));
+  Click(By::Keyboard, Obj::GameBButton);
+  EXPECT_EQ(Sea(), "brr - 00000 -");
   EXPECT_TRUE(Lit(GameType(1)) && !Lit(GameType(0)));
   EXPECT_EQ(form.Timer1Interval(), 170);
+}
+
+// In the demo a tip landing on the diver begins nine silent seconds from
+// the grip, in which diver and tentacles stand still; the spares move as in
+// a game, and the demo walks on.
+TEST_F(Capture, TheDemosNineSilentSeconds) {
+  PutTentacle(0, 2, false);
+  NextSecond();  // the diver steps out, tentacle 0 lands on him
+  EXPECT_EQ(Sea(), "-rr 1:1 30000 - c9");
+  const int draws = fake.rnd_draws;
+  const char* const seconds[] = {"br- - 30220 k0 c8", "br- - 30220 k1 c7", "br- - 30220 k0 c6",
+                                 "br- - 30220 k1 c5", "b-r - 30220 k0 c4", "b-r - 30220 k1 c3",
+                                 "b-r - 30220 k0 c2", "b-r - 30220 k1 c1", "b-r - 30220 -"};
+  for (const char* sea : seconds) {
+    NextSecond();
+    EXPECT_EQ(Sea(), sea);
+  }
+  EXPECT_EQ(fake.rnd_draws, draws);
+  EXPECT_TRUE(fake.sounds.empty() && fake.intervals.empty());
+  NextSecond();
+  EXPECT_EQ(form.DiverPos, 1);
 }
 
 }  // namespace

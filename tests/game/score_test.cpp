@@ -1,15 +1,16 @@
-// SCORE - the bonus at 200, the wrap after 999, and the stored high scores.
-#include "tests/game/game_scene.h"
+// SCORE - the bonus at 200, the wrap after 999, the stored high scores,
+// the pace that the score sets, and the game's sound gates.
+#include "tests/support/device_test.h"
 
 namespace nautrix {
 namespace {
 
-class Bonus : public GameScene, public ::testing::WithParamInterface<int> {};
+class Bonus : public Scene, public ::testing::WithParamInterface<int> {};
 
 // A point that reaches 200 at the chest gives back every lost diver: the
-// tentacles stand still for sixteen beats at the diver's pace while the
-// lost spares flash, and at the end both spares stand lit, Misses 0. With
-// nothing lost the bonus beeps at every beat, else at every second beat.
+// work and the tentacles stand still for sixteen beats at the diver's pace
+// while the lost spares flash, and at the end both spares stand lit, Misses
+// 0. With nothing lost it beeps at every beat, else at every second beat.
 TEST_P(Bonus, AtTwoHundred) {
   const int misses = GetParam();
   Play(1);
@@ -17,97 +18,126 @@ TEST_P(Bonus, AtTwoHundred) {
   form.ShowSpares();
   form.ShowPlayfield();
   form.Score = 199;
-  WalkTo(5);
-  form.DiverForward();
-  Tick();  // 7
-  Sounds();
-  Tick();  // 8: the treasure, the point, the bonus
+  Do("rrrrrrt");
+  Beeped();
+  Do("t");  // 8: the treasure, the point, the bonus
   EXPECT_EQ(form.Score, 200);
-  EXPECT_EQ(form.BonusBeats, 16);
-  EXPECT_EQ(Sounds(), (Beeps{"Beep0.wav", "Beep1.wav", "Beep3.wav"}));
-  EXPECT_TRUE(Lit(Obj::Remainder0) && Lit(Obj::Remainder1));
-  EXPECT_EQ(form.Timer1Interval(), 300);
-  const auto lengths = form.TentacleLength;
+  EXPECT_EQ(Beeped(), "013");
+  EXPECT_EQ(Sea(), "-rr 5:30 00000 -");
   const int draws = fake.rnd_draws;
-  int beeps = 0;
+  std::string spares, expected;
   for (int beat = 1; beat <= 16; ++beat) {
     Tick();
-    beeps += static_cast<int>(Sounds().size());
-    EXPECT_EQ(form.DiverPos, 8);  // the work stands still
-    if (misses >= 1) {
-      EXPECT_EQ(Lit(Obj::Remainder0), beat % 2 == 0) << beat;
-    }
-    if (misses == 2) {
-      EXPECT_EQ(Lit(Obj::Remainder1), beat % 2 == 0) << beat;
-    }
+    spares += Sea().substr(1, 2) + " ";
+    expected += misses == 0 || beat % 2 == 0 ? "rr " : misses == 1 ? "-r " : "-- ";
   }
-  EXPECT_EQ(beeps, misses == 0 ? 16 : 8);
+  EXPECT_EQ(spares, expected);
+  EXPECT_EQ(Beeped(), std::string(misses == 0 ? 16 : 8, '3'));
   EXPECT_EQ(form.Misses, 0);
-  EXPECT_TRUE(Lit(Obj::Remainder0) && Lit(Obj::Remainder1));
-  EXPECT_EQ(form.TentacleLength, lengths);
+  EXPECT_EQ(Sea(), "-rr 5:30 00000 -");
   EXPECT_EQ(fake.rnd_draws, draws);
-  EXPECT_EQ(form.Timer1Interval(), 300);  // no call at the bonus's end
+  EXPECT_EQ(fake.intervals, std::vector<int>{300});  // no call at the bonus's end
   Tick();
   EXPECT_EQ(form.DiverPos, 5);
 }
 INSTANTIATE_TEST_SUITE_P(Score, Bonus, ::testing::Values(0, 1, 2));
 
-// A boat-count point that reaches 200 beeps for the bonus, not the point, and
-// the count's later points are silent while the bonus runs.
+// A boat-count point that reaches 200 beeps for the bonus, not the point,
+// the count's later points are silent while the bonus runs, and the right
+// key cannot send the diver off the boat until it ends.
 TEST_F(Bonus, ReachedOnTheBoat) {
   Play(2);
   form.Score = 198;
-  WalkTo(1);
+  Do("r");
   form.DiverLoad = 2;
-  form.DiverBack();
-  Tick();
-  EXPECT_EQ(Sounds(), Beeps{"Beep1.wav"});
-  Tick();
-  EXPECT_EQ(form.Score, 200);
-  EXPECT_EQ(Sounds(), (Beeps{"Beep3.wav", "Beep3.wav"}));
-  Tick();
+  Do("l");
+  std::string beeps;
+  for (int beat = 0; beat < 4; ++beat) {
+    Tick();
+    beeps += Beeped() + " ";
+  }
+  EXPECT_EQ(beeps, "1 33 3 3 ");
   EXPECT_EQ(form.Score, 201);
-  EXPECT_EQ(Sounds(), Beeps{"Beep3.wav"});
+  Click(By::Pointer, Obj::RightButton);
+  EXPECT_EQ(form.DiverPos, 0);
 }
 
-class HighScore : public GameScene {};
+// After 999 the score goes on at 1, and 999 is stored first. Only a
+// strictly higher score is written, under its own game's key; a junk stored
+// value counts as 0; the demo stores nothing.
+TEST(HighScore, TheWrapFrom999AndOnlyAHigherScoreOfTheGameIsStored) {
+  const struct {
+    int mode;
+    const char* stored;
+    int score;
+    const char* written;
+  } cases[] = {{1, "77", 77, ""}, {2, "77", 77, ""}, {1, "77", 78, "Game A High Score=78"},
+               {2, "77", 78, "Game B High Score=78"}, {2, "lots", 3, "Game B High Score=3"},
+               {0, "0", 900, ""}, {1, "500", 999, "Game A High Score=999"}};
+  for (const auto& c : cases) {
+    FakePlatform fake;
+    FillDefaultStore(fake);
+    fake.store[store::kGameAHighScore] = fake.store[store::kGameBHighScore] = c.stored;
+    Form1 form(fake);
+    form.GameMode = static_cast<uint8_t>(c.mode);
+    form.Playing = true;
+    form.Score = static_cast<int16_t>(c.score);
+    if (c.score == 999) {
+      form.AddPoint();
+      EXPECT_EQ(form.Score, 1);
+    } else {
+      form.StoreHighScore();
+    }
+    EXPECT_EQ(fake.store_writes.empty() ? "" : fake.store_writes[0], c.written) << c.score;
+  }
+}
 
-// After 999 the score goes on at 1, and 999 is stored first.
-TEST_F(HighScore, TheWrapFrom999StoresIt) {
+using Pace = Scene;
+
+// Band edges of both tables at their default bases, and small bases: the
+// cut of a band applies only to a base greater than the cut. (The diver's
+// pace of the scenes, the idle pace and the setting's pace are played in
+// the scenes' own tests.)
+TEST_F(Pace, OfTheScoreAtTheBandEdges) {
+  const struct {
+    int mode, base, score, interval;
+  } cases[] = {
+      {1, 220, 69, 220},  {1, 220, 70, 190},  {1, 220, 99, 190},  {1, 220, 100, 220},
+      {1, 220, 190, 160}, {1, 220, 200, 220}, {1, 220, 399, 140}, {1, 220, 830, 170},
+      {1, 220, 999, 140}, {2, 170, 29, 170},  {2, 170, 30, 140},  {2, 170, 70, 110},
+      {2, 170, 199, 90},  {2, 170, 200, 170}, {2, 170, 998, 90},  {2, 170, 999, 170},
+      {1, 50, 70, 20},    {1, 50, 190, 50},   {2, 50, 70, 50},    {1, 30, 70, 30},
+      {2, 31, 30, 1},
+  };
+  for (const auto& c : cases) {
+    fake.store[c.mode == 1 ? store::kGameASpeed : store::kGameBSpeed] = std::to_string(c.base);
+    form.GameMode = static_cast<uint8_t>(c.mode);
+    form.Score = static_cast<int16_t>(c.score);
+    form.DoCheckSpeed();
+    EXPECT_EQ(form.Timer1Interval(), c.interval) << c.mode << " " << c.base << " " << c.score;
+  }
+}
+
+using Sound = Scene;
+
+TEST_F(Sound, OnlyARunningGameWithTheSoundOnPlaysAFileThatIsThere) {
+  form.PlaySoundFile("Beep2.wav");  // the demo is silent
+  EXPECT_EQ(Beeped(), "");
   Play(1);
-  fake.store[store::kGameAHighScore] = "500";
-  form.Score = 999;
-  form.AddPoint();
-  EXPECT_EQ(form.Score, 1);
-  EXPECT_EQ(fake.store[store::kGameAHighScore], "999");
-  EXPECT_FALSE(Lit(HourDigit(1)) || Lit(MinuteDigit(0)));
-  EXPECT_TRUE(Shows(MinuteDigit(1), Number(1)));
-  EXPECT_EQ(form.Timer1Interval(), 220);
-}
-
-// Only a strictly higher score is written, under its own game's key; a junk
-// stored value counts as 0; the demo stores nothing.
-TEST_F(HighScore, OnlyAHigherScoreOfTheGameIsWritten) {
-  Play(2);
-  fake.store[store::kGameAHighScore] = "10";
-  fake.store[store::kGameBHighScore] = "77";
-  fake.store_writes.clear();
-  form.Score = 77;
-  form.StoreHighScore();
-  EXPECT_TRUE(fake.store_writes.empty());
-  form.Score = 78;
-  form.StoreHighScore();
-  EXPECT_EQ(fake.store_writes, std::vector<std::string>{"Game B High Score=78"});
-  fake.store[store::kGameBHighScore] = "lots";
-  form.Score = 3;
-  form.StoreHighScore();
-  EXPECT_EQ(fake.store[store::kGameBHighScore], "3");
-  EXPECT_EQ(fake.store[store::kGameAHighScore], "10");
-  form.GameMode = 0;
-  form.Score = 900;
-  fake.store_writes.clear();
-  form.StoreHighScore();
-  EXPECT_TRUE(fake.store_writes.empty());
+  form.PlaySoundFile("Beep2.wav");
+  form.mSound.Checked = false;
+  Tick();
+  form.mSound.Checked = true;
+  fake.files.erase("/opt/nautrix/Beep0.wav");
+  fake.directories.insert("/opt/nautrix/Beep0.wav");
+  Tick();
+  fake.directories.clear();
+  fake.files.insert("/opt/nautrix/Beep0.wav");
+  Tick();
+  fake.program_folder = "/";
+  fake.files = {"/Beep3.wav"};
+  form.PlaySoundFile("Beep3.wav");
+  EXPECT_EQ(Beeped(), "203");
 }
 
 }  // namespace
