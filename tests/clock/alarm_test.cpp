@@ -1,17 +1,18 @@
-// The alarm rings for the rest of its minute, once a second, and only at its
-// own half of the day. A key release silences it for good, but not in a
+// ALARM - it rings for the rest of its minute, once a second, and only at
+// its own half of the day. A key release silences it for good, but not in a
 // running game, which rings without a sound until its game-over minute.
+// ACL forgets it with the high scores.
 #include <algorithm>
 
-#include "tests/keys/key_scene.h"
+#include "tests/support/device_test.h"
 
 namespace nautrix {
 namespace {
 
-class AlarmRinging : public KeyScene {
+class AlarmRinging : public Scene {
  protected:
-  void Arm(const char* at) {
-    fake.store[store::kAlarmTime] = at;
+  void SetUp() override {
+    Scene::SetUp();
     fake.store[store::kAlarmOn] = "True";
     Tick();  // the readout lights the note
   }
@@ -19,99 +20,132 @@ class AlarmRinging : public KeyScene {
     fake.SetDeviceTime(h, m, s);
     Tick();
   }
-  long Beeps() {
-    const auto sounds = fake.TakeSounds();
-    return std::count(sounds.begin(), sounds.end(), "Beep3.wav");
+  // The alarm's beeps since the last look, and whether it rings now, with
+  // its marks lit ("rings ab") or dark ("rings").
+  std::string Heard() {
+    const std::string beeps = Beeped();
+    return std::to_string(std::count(beeps.begin(), beeps.end(), '3')) +
+           (form.AlarmRinging ? " rings" : "") + (Lit(Obj::BabyNautrix) ? " b" : "") +
+           (Lit(Alarm(0)) && Lit(Alarm(1)) ? "a" : "");
   }
 };
 
-TEST_F(AlarmRinging, TwelvePmRingsAtNoonAndNotAtMidnight) {
-  Arm("120000 PM");
-  At(23, 59, 59);
-  At(0, 0, 0);
-  EXPECT_FALSE(form.AlarmRinging);
-  At(11, 59, 59);
-  At(12, 0, 0);
-  EXPECT_TRUE(form.AlarmRinging);
-  EXPECT_EQ(Beeps(), 1);
+// Hour, minutes and half of the day are compared, not the seconds.
+TEST_F(AlarmRinging, TwelvePmRingsAtNoonAndTwelveAmAtMidnight) {
+  const struct {
+    const char* alarm;
+    int h, m, s;
+    const char* heard;
+  } cases[] = {{"120000 PM", 0, 0, 0, "0"},     {"120000 PM", 12, 0, 0, "1 rings ba"},
+               {"120000 AM", 12, 0, 1, "0"},    {"120000 AM", 0, 0, 1, "1 rings ba"},
+               {"063000 PM", 6, 30, 59, "0"},   {"063000 PM", 18, 30, 59, "1 rings ba"}};
+  for (const auto& c : cases) {
+    fake.store[store::kAlarmTime] = c.alarm;
+    At(3, 0, 30);
+    Heard();
+    At(c.h, c.m, c.s);
+    EXPECT_EQ(Heard(), c.heard) << c.alarm << " at " << c.h << ":" << c.m;
+  }
 }
 
-TEST_F(AlarmRinging, TwelveAmRingsAtMidnight) {
-  Arm("120000 AM");
-  At(0, 0, 1);
-  EXPECT_TRUE(form.AlarmRinging);
-}
-
-TEST_F(AlarmRinging, RingsOnceASecondForTheRestOfItsMinuteWithBlinkingMarks) {
-  Arm("120000 PM");
+// It rings once a second for the rest of its minute, the two marks
+// blinking in step; at the minute's end the marks go out, with no silence
+// left for the next match. Without the sound or its file it rings unheard.
+TEST_F(AlarmRinging, RingsOnceASecondForTheRestOfItsMinute) {
   At(12, 0, 30);
-  EXPECT_TRUE(Lit(Obj::BabyNautrix) && Lit(Alarm(0)) && Lit(Alarm(1)));
+  EXPECT_EQ(Heard(), "1 rings ba");
   NextSecond();
-  EXPECT_FALSE(Lit(Alarm(0)) || Lit(Alarm(1)));
+  EXPECT_EQ(Heard(), "1 rings b");
   NextSecond(28);  // to 12:00:59
-  EXPECT_EQ(Beeps(), 30);
+  EXPECT_EQ(Heard(), "28 rings b");
   NextSecond();
-  EXPECT_FALSE(form.AlarmRinging);
-  EXPECT_FALSE(Lit(Obj::BabyNautrix) || Lit(Alarm(0)) || Lit(Alarm(1)));
-  EXPECT_EQ(Beeps(), 0);
-  EXPECT_FALSE(form.RingingSilenced);  // it rings again at the next match
-}
-
-TEST_F(AlarmRinging, WithoutTheSoundOrItsFileTheMarksBlinkInSilence) {
-  Arm("120000 PM");
+  EXPECT_EQ(Heard(), "0");
+  EXPECT_FALSE(form.RingingSilenced);
   form.mSound.Checked = false;
   At(12, 0, 1);
   fake.files.erase("/opt/nautrix/Beep3.wav");
   form.mSound.Checked = true;
   NextSecond();
-  EXPECT_TRUE(form.AlarmRinging);
-  EXPECT_EQ(Beeps(), 0);
+  EXPECT_EQ(Heard(), "0 rings b");
 }
 
+// A key release silences it until a setting mode is left; a window hidden
+// in the tray comes back at the first beat, when "Auto Show" is on.
 TEST_F(AlarmRinging, AKeyReleaseSilencesItUntilTheAlarmSettingIsLeft) {
-  Arm("120000 PM");
+  form.mHide_Click();
   At(12, 0, 10);
+  EXPECT_TRUE(fake.window_shown);
   Click(By::Keyboard, Obj::LeftButton);
   EXPECT_TRUE(form.RingingSilenced);
-  EXPECT_FALSE(Lit(Obj::BabyNautrix) || Lit(Alarm(0)));
   NextSecond(5);
-  EXPECT_FALSE(form.AlarmRinging);
-  EXPECT_EQ(Beeps(), 1);
+  EXPECT_EQ(Heard(), "1");
   Enter(Mode::AlarmSet);
   Click(By::Pointer, Obj::TimeButton);
+  form.mAutoShow.Checked = false;
+  form.mHide_Click();
   NextSecond();
-  EXPECT_TRUE(form.AlarmRinging);
+  EXPECT_EQ(Heard(), "1 rings ba");
+  EXPECT_FALSE(fake.window_shown);
 }
 
+// A running game rings in silence past its keys, and beeps in its game-over
+// minute, where a key silences it; ACL's release ends any ringing and
+// clears the silence.
 TEST_F(AlarmRinging, ARunningGameRingsSilentlyPastTheKeysAndBeepsAtGameOver) {
-  Arm("120000 PM");
   fake.SetDeviceTime(12, 0, 10);
   Enter(Mode::Game);
   NextSecond();
-  EXPECT_TRUE(form.AlarmRinging);
   Click(By::Pointer, Obj::LeftButton);
-  EXPECT_TRUE(form.AlarmRinging);
-  EXPECT_EQ(Beeps(), 0);
+  EXPECT_EQ(Heard(), "0 rings ba");
   form.Misses = 3;
   form.ShowPlayfield();
   NextSecond();
-  EXPECT_EQ(Beeps(), 1);
+  EXPECT_EQ(Heard(), "1 rings b");
   Click(By::Keyboard, Obj::LeftButton);
   EXPECT_TRUE(form.RingingSilenced);
+  Click(By::Keyboard, Obj::ACLButton);
+  EXPECT_FALSE(form.AlarmRinging || form.RingingSilenced);
+  NextSecond();
+  EXPECT_EQ(Heard(), "0");
 }
 
-TEST_F(AlarmRinging, AHiddenWindowComesBackAtTheFirstBeatOnlyWithAutoShow) {
-  Arm("120000 PM");
-  form.mHide_Click();
-  At(12, 0, 5);
-  EXPECT_TRUE(fake.window_shown);
-  At(12, 1, 0);  // rung out
-  form.mAutoShow.Checked = false;
-  form.mHide_Click();
-  At(12, 0, 5);
-  EXPECT_TRUE(form.AlarmRinging);
-  EXPECT_FALSE(fake.window_shown);
+// ACL, released in any mode by either route, forgets the high scores and the
+// alarm and leaves the device setting its clock from midnight. The pointer
+// also sets the clock to midnight at once, clears the score from the readout
+// and, out of a game, keeps the game's pace.
+class AclReset : public Scene, public ::testing::WithParamInterface<std::tuple<By, Mode>> {};
+
+TEST_P(AclReset, ErasesTheMemoriesAndEntersTheClockSetting) {
+  const auto [by, mode] = GetParam();
+  const bool pointer = by == By::Pointer, game = mode == Mode::Game || mode == Mode::GameOver;
+  fake.store[store::kGameAHighScore] = fake.store[store::kGameBHighScore] = "75";
+  fake.store[store::kAlarmTime] = "063000 AM";
+  Enter(mode);
+  Down(by, Obj::ACLButton);
+  EXPECT_TRUE(Lit(Obj::ResetScreen));
+  Up(by, Obj::ACLButton);
+  EXPECT_EQ(fake.store_writes, (std::vector<std::string>{"Game A High Score=0",
+                                                         "Game B High Score=0",
+                                                         "Alarm Time=120000 PM",
+                                                         "Alarm On=False"}));
+  EXPECT_FALSE(Lit(Obj::ResetScreen) || form.Playing || Lit(Obj::Note) || Lit(Obj::BabyNautrix));
+  EXPECT_TRUE(form.ClockSetting == 1 && form.AlarmSetting == 0);
+  EXPECT_EQ(form.EditTimeText, "120000 AM");
+  EXPECT_EQ(Readout(), "1200 am:");
+  EXPECT_EQ(form.GameMode, game ? 1 : 0);
+  EXPECT_EQ(form.Now().hour, pointer ? 0 : 9);
+  EXPECT_EQ(form.Timer1Interval(), pointer && game ? 220 : 200);
+  EXPECT_EQ(form.ScoreShown, !pointer && game);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    EveryMode, AclReset,
+    ::testing::Combine(::testing::Values(By::Pointer, By::Keyboard),
+                       ::testing::Values(Mode::Idle, Mode::Game, Mode::GameOver, Mode::AlarmSet,
+                                         Mode::ClockSet)),
+    [](const auto& info) {
+      return std::string(Name(std::get<0>(info.param))) + Name(std::get<1>(info.param));
+    });
 
 }  // namespace
 }  // namespace nautrix
