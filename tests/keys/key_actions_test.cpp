@@ -1,105 +1,136 @@
-// What the keys do in each mode: the gates of a press, the game keys, and the
-// alarm set from start to end by the pointer.
-#include "tests/keys/key_scene.h"
+// KEY ACTIONS - what the keys do in each mode, and the points where the
+// pointer and the keyboard part, each played by both routes.
+#include "tests/support/device_test.h"
 
 namespace nautrix {
 namespace {
 
-using KeyActions = KeyScene;
+using KeyActions = Scene;
 
-TEST_F(KeyActions, GameAShowsItsBestWhileHeldAndStartsTheGameAtTheRelease) {
-  fake.store[store::kGameAHighScore] = "315";
-  Down(By::Pointer, Obj::GameAButton);
-  EXPECT_FALSE(form.Playing);
-  EXPECT_TRUE(Lit(GameType(0)));
-  EXPECT_TRUE(Shows(HourDigit(1), Number(3)) && Shows(MinuteDigit(1), Number(5)));
-  Up(By::Pointer, Obj::GameAButton);
-  EXPECT_TRUE(form.Playing);
-  EXPECT_EQ(form.Timer1Interval(), 220);
-}
-
-class IdleKey : public KeyScene, public ::testing::WithParamInterface<std::pair<Mode, Obj>> {};
-
-TEST_P(IdleKey, ChangesNothingByEitherRoute) {
-  const auto [mode, key] = GetParam();
-  Enter(mode);
-  const bool playing = form.Playing;
-  const auto alarm = form.AlarmSetting, clock = form.ClockSetting, game = form.GameMode;
-  const std::string edit = form.EditTimeText;
-  for (By by : {By::Pointer, By::Keyboard}) Click(by, key);
-  EXPECT_EQ(form.Playing, playing);
-  EXPECT_EQ(form.GameMode, game);
-  EXPECT_EQ(form.AlarmSetting, alarm);
-  EXPECT_EQ(form.ClockSetting, clock);
-  EXPECT_EQ(form.EditTimeText, edit);
-  EXPECT_TRUE(fake.store_writes.empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    KeyActions, IdleKey,
-    ::testing::Values(std::pair{Mode::Idle, Obj::LeftButton}, std::pair{Mode::Idle, Obj::RightButton},
-                      std::pair{Mode::AlarmSet, Obj::GameAButton},
-                      std::pair{Mode::ClockSet, Obj::GameBButton},
-                      std::pair{Mode::ClockSet, Obj::AlarmButton},
-                      std::pair{Mode::Game, Obj::AlarmButton},
-                      std::pair{Mode::Game, Obj::GameBButton}),
-    [](const auto& info) {
-      std::string name = std::string(Name(info.param.first)) + Info(info.param.second).name;
-      return name;
-    });
-
-TEST_F(KeyActions, WhileTheBoatCountsAPressDoesNothingNotEvenTheMenu) {
-  Enter(Mode::Game);
-  form.BoatBeats = 2;
-  Down(By::Pointer, Obj::LeftButton);
-  form.MouseDown(Obj::RightButton, 2, 0, 0, 0);
-  EXPECT_FALSE(IsDown(Obj::LeftButton));
-  EXPECT_EQ(form.PressedKey, kNoKey);
-  EXPECT_TRUE(fake.calls.empty());
-  form.BoatBeats = 0;
-  form.MouseDown(Obj::RightButton, 2, 0, 0, 0);
-  EXPECT_EQ(fake.calls, std::vector<std::string>{"PopupMenu"});
-}
-
-TEST_F(KeyActions, APointerPressWhileTheKeyboardHoldsAKeyIsIgnored) {
-  Down(By::Keyboard, Obj::TimeButton);
-  Click(By::Pointer, Obj::GameAButton);
-  EXPECT_FALSE(IsDown(Obj::GameAButton));
-  EXPECT_FALSE(form.Playing);
-  EXPECT_TRUE(IsDown(Obj::TimeButton));
-}
-
+// ALARM enters the setting with the stored alarm, its release the set
+// stage; the keys step the edit, ALARM toggles and stores the on state,
+// TIME held shows the clock and its release stores the time.
 TEST_F(KeyActions, TheAlarmIsSetArmedAndStoredByThePointer) {
-  Down(By::Pointer, Obj::AlarmButton);  // the stored alarm, off
-  EXPECT_EQ(form.AlarmSetting, 1);
-  EXPECT_TRUE(Lit(Obj::BabyNautrix) && Lit(Obj::pm) && !Lit(Obj::Note));
+  Down(By::Pointer, Obj::AlarmButton);
+  EXPECT_EQ(Readout(), "1200 pm:");
+  EXPECT_TRUE(Lit(Obj::BabyNautrix) && !Lit(Obj::Note));
   Up(By::Pointer, Obj::AlarmButton);
-  EXPECT_EQ(form.AlarmSetting, 2);
   EXPECT_EQ(form.Timer1Interval(), 200);
   Click(By::Pointer, Obj::LeftButton);
   Click(By::Pointer, Obj::RightButton);
-  EXPECT_EQ(form.EditTimeText, "010100 PM");
   Down(By::Pointer, Obj::AlarmButton);
   EXPECT_TRUE(Lit(Obj::Note));
   Up(By::Pointer, Obj::AlarmButton);
   EXPECT_EQ(fake.store_writes, std::vector<std::string>{"Alarm On=True"});
-  Down(By::Pointer, Obj::TimeButton);  // the clock while held
-  EXPECT_TRUE(Lit(Obj::am) && !Lit(Obj::BabyNautrix));
+  Down(By::Pointer, Obj::TimeButton);
+  EXPECT_EQ(Readout(), "-900 am:");
+  EXPECT_FALSE(Lit(Obj::BabyNautrix));
   Up(By::Pointer, Obj::TimeButton);
   EXPECT_EQ(fake.store[store::kAlarmTime], "010100 PM");
   EXPECT_EQ(form.AlarmSetting, 0);
   EXPECT_EQ(form.Timer1Interval(), 50);
 }
 
-TEST_F(KeyActions, TimeInGameOverShowsTheAlarmAndEndsTheMinuteWithTheMarkLit) {
-  Enter(Mode::GameOver);
-  Down(By::Pointer, Obj::TimeButton);
-  EXPECT_TRUE(Lit(Obj::BabyNautrix));
-  Up(By::Pointer, Obj::TimeButton);
-  EXPECT_FALSE(form.Playing);
-  EXPECT_TRUE(Lit(Obj::BabyNautrix));
-  EXPECT_EQ(form.Timer1Interval(), 50);
+class Routes : public Scene, public ::testing::WithParamInterface<By> {
+ protected:
+  bool pointer() const { return GetParam() == By::Pointer; }
+  void Down(Obj key) { DeviceTest::Down(GetParam(), key); }
+  void Up(Obj key) { DeviceTest::Up(GetParam(), key); }
+  void Click(Obj key) { DeviceTest::Click(GetParam(), key); }
+};
+
+// The held key is marked by PressedKey or by the latch. GAME A held shows
+// its best and its mark, and the game starts at the release.
+TEST_P(Routes, TheHeldKeysMarkAndGameA) {
+  fake.store[store::kGameAHighScore] = "315";
+  Down(Obj::GameAButton);
+  EXPECT_EQ(form.PressedKey, pointer() ? kGameAKey : kNoKey);
+  EXPECT_EQ(form.KeyLatch, !pointer());
+  EXPECT_EQ(Readout(), "-315 ");
+  EXPECT_TRUE(Lit(GameType(0)) && !form.Playing);
+  Up(Obj::GameAButton);
+  EXPECT_EQ(form.Timer1Interval(), 220);
 }
+
+TEST_P(Routes, OnlyThePointerPressesAKeyThatIsDownAlready) {
+  form.CopyPicture(Button0(1), Obj::TimeButton);
+  Down(Obj::TimeButton);
+  EXPECT_EQ(Lit(Obj::BabyNautrix), pointer());
+}
+
+// The left and right keys act at the pointer's release and at the keyboard's
+// press; the keyboard clears the repeat's count at the release too.
+TEST_P(Routes, WhenTheLeftAndRightKeysActAndClearTheRepeat) {
+  Enter(Mode::ClockSet);
+  Down(Obj::RightButton);
+  EXPECT_EQ(form.EditTimeText, pointer() ? "120000 AM" : "120100 AM");
+  Tick(2);
+  Up(Obj::RightButton);
+  EXPECT_EQ(form.EditTimeText, "120100 AM");
+  EXPECT_EQ(form.RepeatDelay, pointer() ? 2 : 0);
+}
+
+// While the boat counts in a game a press does nothing, not even the menu
+// of another button; only the pointer still reaches ACL.
+TEST_P(Routes, WhileTheBoatCountsOnlyThePointerReachesAcl) {
+  Enter(Mode::Game);
+  form.BoatBeats = 3;
+  Click(Obj::LeftButton);
+  form.MouseDown(Obj::RightButton, 2, 0, 0, 0);
+  EXPECT_TRUE(fake.calls.empty() && !IsDown(Obj::LeftButton));
+  Click(Obj::ACLButton);
+  EXPECT_EQ(form.ClockSetting, pointer() ? 1 : 0);
+}
+
+// By pointer ALARM ends the game-over minute before the alarm setting; by
+// keyboard the setting runs beside the minute, whose end takes the idle pace.
+TEST_P(Routes, AlarmInTheGameOverMinute) {
+  Enter(Mode::GameOver);
+  Down(Obj::AlarmButton);
+  EXPECT_EQ(form.Playing, !pointer());
+  Up(Obj::AlarmButton);
+  EXPECT_EQ(form.AlarmSetting, 2);
+  EXPECT_EQ(form.Timer1Interval(), 200);
+  form.OverSeconds = 59;
+  NextSecond();
+  EXPECT_EQ(form.Timer1Interval(), pointer() ? 200 : 50);
+}
+
+// In the clock setting the ALARM release sets the setting's pace by pointer
+// alone; here the setting runs at the pace of the game that ACL ended.
+TEST_P(Routes, AlarmReleasedInTheClockSetting) {
+  Enter(Mode::Game);
+  DeviceTest::Click(By::Pointer, Obj::ACLButton);
+  Click(Obj::AlarmButton);
+  EXPECT_EQ(form.Timer1Interval(), pointer() ? 200 : 220);
+  EXPECT_EQ(form.AlarmSetting, 0);
+}
+
+// TIME in game over shows the alarm at the press; at the release the game
+// still runs when the mark is tested, so the mark stays lit after the end.
+// The pointer's release silences the alarm as well.
+TEST_P(Routes, TimeEndsTheGameOverMinute) {
+  Enter(Mode::GameOver);
+  Down(Obj::TimeButton);
+  EXPECT_EQ(Readout(), "1200 pm:");
+  Up(Obj::TimeButton);
+  EXPECT_TRUE(!form.Playing && Lit(Obj::BabyNautrix));
+  EXPECT_EQ(form.Timer1Interval(), 50);
+  EXPECT_EQ(form.RingingSilenced, pointer());
+}
+
+// By pointer ACL also writes the clock and clears the playfield again at
+// the ended game's pace, and the release's last step takes the score away.
+TEST_P(Routes, AclAfterAGameAndTheReleasesLastStep) {
+  Enter(Mode::Game);
+  Click(Obj::ACLButton);
+  EXPECT_EQ(form.Now().hour, pointer() ? 0 : 9);
+  EXPECT_EQ(form.Timer1Interval(), pointer() ? 220 : 200);
+  EXPECT_EQ(form.ScoreShown, !pointer());
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, Routes, ::testing::Values(By::Pointer, By::Keyboard),
+                         [](const auto& info) { return std::string(Name(info.param)); });
 
 }  // namespace
 }  // namespace nautrix

@@ -1,154 +1,122 @@
-// A key held by the pointer behaves like a key under a finger: at each tick
-// the key under the pointer is down, a key the pointer left comes up, and the
-// release belongs to the key under the pointer at the last tick.
-#include "tests/keys/key_scene.h"
+// SLIDES - a key held by the pointer behaves like a key under a finger: at
+// each tick the key under the pointer is down, a key the pointer left comes
+// up, and the release belongs to the key under the pointer at the last tick.
+#include "tests/support/device_test.h"
 
 namespace nautrix {
 namespace {
 
-using PointerTracking = KeyScene;
+class Slide : public Scene {
+ protected:
+  void SlideTo(Obj key) {
+    MoveTo(Middle(key));
+    Tick();
+  }
+  void SlideOff() {
+    MoveOff();
+    Tick();
+  }
+};
 
-TEST_F(PointerTracking, GameAHeldAndSlidOntoGameBStartsGameB) {
-  fake.store[store::kGameBHighScore] = "42";
+// Slid off, GAME A comes up, its high score leaves the readout, and the
+// release starts nothing. Slid back on it reads its high score at every
+// tick (another copy of the program may store one); slid on to GAME B it
+// comes up for GAME B, and the release starts Game B.
+TEST_F(Slide, TheGameKeys) {
   Down(By::Pointer, Obj::GameAButton);
-  MoveTo(Middle(Obj::GameBButton));
-  Tick();
-  EXPECT_FALSE(IsDown(Obj::GameAButton));
-  EXPECT_TRUE(IsDown(Obj::GameBButton));
-  EXPECT_TRUE(Lit(GameType(1)));
-  EXPECT_FALSE(Lit(GameType(0)));
-  EXPECT_TRUE(Shows(MinuteDigit(0), Number(4)));
+  SlideOff();
+  EXPECT_EQ(form.PressedKey, kOffKeys);
+  EXPECT_EQ(Readout(), "-900 am:");
   Up(By::Pointer, Obj::GameAButton);
-  EXPECT_TRUE(form.Playing);
+  EXPECT_FALSE(form.Playing || IsDown(Obj::GameAButton));
+  Down(By::Pointer, Obj::GameAButton);
+  SlideOff();
+  SlideTo(Obj::GameAButton);
+  fake.store[store::kGameAHighScore] = "8";
+  Tick();
+  EXPECT_EQ(Readout(), "---8 ");
+  fake.store[store::kGameBHighScore] = "42";
+  SlideTo(Obj::GameBButton);
+  EXPECT_TRUE(!IsDown(Obj::GameAButton) && IsDown(Obj::GameBButton) && Lit(GameType(1)));
+  EXPECT_EQ(Readout(), "--42 ");
+  Up(By::Pointer, Obj::GameAButton);
   EXPECT_EQ(form.GameMode, 2);
 }
 
-TEST_F(PointerTracking, GameASlidOffStartsNothingAndSlidBackOnStartsTheGame) {
-  Down(By::Pointer, Obj::GameAButton);
-  MoveOff();
-  Tick();
-  EXPECT_FALSE(IsDown(Obj::GameAButton));
-  EXPECT_FALSE(form.ScoreShown);
-  EXPECT_EQ(form.PressedKey, kOffKeys);
-  Up(By::Pointer, Obj::GameAButton);
-  EXPECT_FALSE(form.Playing);
-
-  Down(By::Pointer, Obj::GameAButton);
-  MoveOff();
-  Tick();
-  MoveTo(Middle(Obj::GameAButton));
-  Tick();
-  EXPECT_TRUE(IsDown(Obj::GameAButton));
-  EXPECT_TRUE(form.ScoreShown);
-  Up(By::Pointer, Obj::GameAButton);
-  EXPECT_TRUE(form.Playing);
-}
-
-TEST_F(PointerTracking, AHeldGameKeyReadsItsHighScoreAtEveryTick) {
-  Down(By::Pointer, Obj::GameAButton);
-  fake.store[store::kGameAHighScore] = "8";  // a second copy of the program stored a best
-  Tick();
-  EXPECT_TRUE(Shows(MinuteDigit(1), Number(8)));
-}
-
-TEST_F(PointerTracking, AlarmSlidOffUndoesTheEntryAndSlidBackOnEntersAgain) {
+// Slid off, ALARM undoes the entry and the idle time returns; slid back on,
+// the entry is made again, reloading the edit and the alarm's on state. In
+// the set stage a slide-off undoes the press's toggle and the release
+// stores nothing; a release on the key stores it.
+TEST_F(Slide, TheAlarmKey) {
   fake.store[store::kAlarmTime] = "063000 AM";
   fake.store[store::kAlarmOn] = "True";
   Down(By::Pointer, Obj::AlarmButton);
-  EXPECT_EQ(form.AlarmSetting, 1);
-  EXPECT_TRUE(Shows(HourDigit(1), Number(6)));
-  MoveOff();
-  Tick();
+  EXPECT_EQ(Readout(), "-630 am:");
+  SlideOff();
   EXPECT_EQ(form.AlarmSetting, 0);
+  EXPECT_EQ(Readout(), "-900 am:");
   EXPECT_FALSE(Lit(Obj::BabyNautrix));
-  EXPECT_TRUE(Shows(HourDigit(1), Number(9)));  // the time again
-  form.EditTimeText.clear();
   form.AlarmArmed = false;
-  MoveTo(Middle(Obj::AlarmButton));
-  Tick();
-  EXPECT_EQ(form.AlarmSetting, 1);
+  SlideTo(Obj::AlarmButton);
   EXPECT_EQ(form.EditTimeText, "063000 AM");
   EXPECT_TRUE(form.AlarmArmed);
   Up(By::Pointer, Obj::AlarmButton);
   EXPECT_EQ(form.AlarmSetting, 2);
-}
+  Forget();
 
-TEST_F(PointerTracking, InAlarmSetTheSlideOffUndoesTheToggleAndTheReleaseStoresNothing) {
-  Enter(Mode::AlarmSet);
   Down(By::Pointer, Obj::AlarmButton);
-  EXPECT_TRUE(Lit(Obj::Note));
-  MoveOff();
-  Tick();
-  EXPECT_FALSE(form.AlarmArmed);
   EXPECT_FALSE(Lit(Obj::Note));
+  SlideOff();
+  EXPECT_TRUE(form.AlarmArmed && Lit(Obj::Note));
   Up(By::Pointer, Obj::AlarmButton);
   EXPECT_TRUE(fake.store_writes.empty());
-  Down(By::Pointer, Obj::AlarmButton);
-  Tick();
-  Up(By::Pointer, Obj::AlarmButton);
-  EXPECT_EQ(fake.store[store::kAlarmOn], "True");
+  Click(By::Pointer, Obj::AlarmButton);
+  EXPECT_EQ(fake.store[store::kAlarmOn], "False");
 }
 
-TEST_F(PointerTracking, AclSlidOffCallsTheResetOff) {
+// ACL slid off calls the reset off, and a right key slid off in a game
+// cancels the diver's step, which comes at the release.
+TEST_F(Slide, AclOrTheRightKeySlidOffDoNothingAtTheRelease) {
   Down(By::Pointer, Obj::ACLButton);
-  EXPECT_TRUE(Lit(Obj::ResetScreen));
-  MoveOff();
-  Tick();
+  SlideOff();
   EXPECT_FALSE(Lit(Obj::ResetScreen));
   Up(By::Pointer, Obj::ACLButton);
   EXPECT_TRUE(fake.store_writes.empty());
   EXPECT_EQ(form.ClockSetting, 0);
-}
-
-TEST_F(PointerTracking, ARightKeySlidOffInAGameCancelsTheDiversStep) {
   Enter(Mode::Game);
   Down(By::Pointer, Obj::RightButton);
-  MoveOff();
-  Tick();
+  SlideOff();
   Up(By::Pointer, Obj::RightButton);
   EXPECT_EQ(form.DiverPos, 0);
 }
 
-TEST_F(PointerTracking, TheUpperKeysReachOneColumnRightOfTheirObjects) {
-  EXPECT_EQ(form.ObjectAt(297, 28), Obj::FrontCase);  // a press there misses GAME A
-  Down(By::Pointer, Obj::GameAButton);
-  MoveTo({297, 28});
-  Tick();
-  EXPECT_EQ(form.PressedKey, kGameAKey);
-  EXPECT_TRUE(IsDown(Obj::GameAButton));
-  MoveTo({298, 28});
-  Tick();
-  EXPECT_FALSE(IsDown(Obj::GameAButton));
-}
-
-TEST_F(PointerTracking, APressOnTheRoundKeysOuterEdgeIsCalledOffAtTheNextTick) {
+// Where a key's rectangle and its object differ. GAME A's column 297 is the
+// key's and not its object's: a press there reaches the case, a held key
+// stays down. The round keys' outer edges are their objects' and not the
+// keys': a press there is down until the next tick calls it off; their
+// inner edges hold a held key down.
+TEST_F(Slide, TheColumnsAndRowsWhereKeysAndObjectsDiffer) {
   Enter(Mode::ClockSet);
-  const std::pair<Obj, Point> edges[] = {{Obj::LeftButton, {37, 150}},
-                                         {Obj::RightButton, {295, 150}},
-                                         {Obj::RightButton, {295, 151}},
-                                         {Obj::RightButton, {283, 140}}};
-  for (const auto& [key, at] : edges) {
-    EXPECT_EQ(form.ObjectAt(at.x, at.y), key);
-    PressAt(key, at);
-    EXPECT_TRUE(IsDown(key));
+  const struct {
+    Obj key;
+    Point at;
+    bool object, rectangle;
+  } cases[] = {
+      {Obj::GameAButton, {297, 28}, false, true},  {Obj::GameAButton, {298, 28}, false, false},
+      {Obj::LeftButton, {37, 150}, true, false},   {Obj::LeftButton, {37, 126}, false, true},
+      {Obj::RightButton, {295, 151}, true, false}, {Obj::RightButton, {283, 140}, true, false},
+      {Obj::RightButton, {295, 126}, false, true}, {Obj::RightButton, {307, 140}, false, true},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(form.ObjectAt(c.at.x, c.at.y) == c.key, c.object) << Info(c.key).name;
+    PressAt(c.key, c.object ? c.at : Middle(c.key));
+    MoveTo(c.at);
     Tick();
-    EXPECT_FALSE(IsDown(key));
-    EXPECT_EQ(form.PressedKey, kOffKeys);
-    Up(By::Pointer, key);
+    EXPECT_EQ(IsDown(c.key), c.rectangle) << Info(c.key).name << " " << c.at.x << "," << c.at.y;
+    SlideOff();
+    Up(By::Pointer, c.key);
   }
   EXPECT_EQ(form.EditTimeText, "120000 AM");  // not a step made
-}
-
-TEST_F(PointerTracking, AHeldRoundKeyStaysDownBeyondItsObject) {
-  Down(By::Pointer, Obj::RightButton);
-  for (const Point at : {Point{295, 126}, Point{295, 127}, Point{307, 140}}) {
-    MoveTo(at);
-    Tick();
-    EXPECT_TRUE(IsDown(Obj::RightButton)) << at.x << "," << at.y;
-  }
-  MoveTo({308, 140});
-  Tick();
-  EXPECT_FALSE(IsDown(Obj::RightButton));
 }
 
 }  // namespace
