@@ -1,19 +1,15 @@
-// The device window and its platform under the offscreen platform: the stored
-// position in twips, repaints of only what changed, the pointer held by the
-// pressed object, the keyboard's codes, tooltips, Timer1 and the clock.
+// The device window and its platform under the offscreen platform: the
+// frameless window at its stored position in twips, repaints and tooltips of
+// what changed, the pointer held by the pressed object, the keyboard's codes,
+// Timer1 and the device's own clock.
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
-#include <QTemporaryDir>
-#include <QThread>
 #include <QToolTip>
-#include <set>
 
-#include "device/store_keys.h"
 #include "shell/qt/device_window.h"
 #include "shell/qt/qt_platform.h"
 #include "tests/shell/qt/qt_test_app.h"
@@ -21,19 +17,16 @@
 namespace nautrix {
 namespace {
 
-constexpr char kApp[] = "Tickplay Simulator";
-constexpr char kSection[] = "Nautrix";
+QRect Area(Obj o) {
+  return QRect(Info(o).rect.left, Info(o).rect.top, Info(o).rect.width, Info(o).rect.height);
+}
+QPoint Inside(Obj o, int dx, int dy) { return Area(o).topLeft() + QPoint(dx, dy); }
 
-// Paint events of a widget, with the region each one asked for.
-class PaintRecorder : public QObject {
- public:
+// What the paint events of a widget asked to repaint.
+struct PaintRecorder : QObject {
   QRegion painted;
-  int paints = 0;
   bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Paint) {
-      ++paints;
-      painted += static_cast<QPaintEvent*>(event)->region();
-    }
+    if (event->type() == QEvent::Paint) painted += static_cast<QPaintEvent*>(event)->region();
     return false;
   }
 };
@@ -48,362 +41,178 @@ class DeviceWindowTest : public ::testing::Test {
 
   void SetUp() override {
     platform.Attach(form, window);
-    // A store of an earlier run with the client area at (100, 100).
-    const std::pair<const char*, const char*> kStore[] = {
-        {"Sound", "True"},         {"Left", "1455"},          {"Top", "1170"},
-        {"Diver Speed", "300"},    {"Game A Speed", "220"},   {"Game B Speed", "170"},
-        {"Game A High Score", "7"}, {"Game B High Score", "0"}, {"Alarm Time", "120000 PM"},
-        {"Alarm On", "False"},     {"Always on Top", "False"}, {"Auto Show", "True"}};
-    for (const auto& [key, value] : kStore) platform.SaveSetting(kApp, kSection, key, value);
+    // An earlier run left the client area at (100, 100).
+    platform.SaveSetting(kStoreApp, kStoreSection, "Left", "1455");
+    platform.SaveSetting(kStoreApp, kStoreSection, "Top", "1170");
+    platform.SaveSetting(kStoreApp, kStoreSection, "Auto Show", "True");
     form.Form_Load();
   }
-
-  // Pointer events as the desktop sends them, at a client point.
-  void Mouse(QEvent::Type type, QPoint client, Qt::MouseButton button, Qt::MouseButtons held) {
-    const QPoint global = window.ClientPos() + client;
-    QMouseEvent event(type, QPointF(client), QPointF(global), button, held, Qt::NoModifier);
+  // A pointer event as the desktop sends it, at a client point.
+  void Mouse(QEvent::Type type, QPoint at, Qt::MouseButtons held, Qt::MouseButton button = {}) {
+    QMouseEvent event(type, at, window.ClientPos() + at, button, held, {});
     QCoreApplication::sendEvent(&window, &event);
   }
-  void Press(QPoint p, Qt::MouseButton b = Qt::LeftButton, Qt::MouseButtons held = Qt::LeftButton) {
-    Mouse(QEvent::MouseButtonPress, p, b, held);
+  void Press(QPoint at) { Mouse(QEvent::MouseButtonPress, at, Qt::LeftButton, Qt::LeftButton); }
+  void Release(QPoint at) { Mouse(QEvent::MouseButtonRelease, at, {}, Qt::LeftButton); }
+  // A held move to a screen point, wherever the window stands now.
+  void MoveTo(QPoint global, Qt::MouseButtons held = Qt::LeftButton) {
+    Mouse(QEvent::MouseMove, global - window.ClientPos(), held);
   }
-  void Release(QPoint p, Qt::MouseButton b = Qt::LeftButton, Qt::MouseButtons held = {}) {
-    Mouse(QEvent::MouseButtonRelease, p, b, held);
-  }
-  void Move(QPoint p, Qt::MouseButtons held) { Mouse(QEvent::MouseMove, p, Qt::NoButton, held); }
-  // A move to a screen point, whatever the window's position.
-  void MoveGlobal(QPoint global, Qt::MouseButtons held) {
-    QMouseEvent event(QEvent::MouseMove, QPointF(global - window.ClientPos()), QPointF(global),
-                      Qt::NoButton, held, Qt::NoModifier);
+  void Key(QEvent::Type type, int key, bool repeat = false, Qt::KeyboardModifiers mods = {}) {
+    QKeyEvent event(type, key, mods, QString(), repeat);
     QCoreApplication::sendEvent(&window, &event);
   }
-  void Key(QEvent::Type type, int key, bool repeat = false,
-           Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QKeyEvent event(type, key, modifiers, QString(), repeat);
+  QString TipAt(QPoint at) {
+    QHelpEvent event(QEvent::ToolTip, at, window.ClientPos() + at);
     QCoreApplication::sendEvent(&window, &event);
+    return event.isAccepted() ? QToolTip::text() : QString();
   }
-  bool KeyDown(Obj key, Obj down_sprite) const { return form.SamePicture(key, down_sprite); }
 };
 
-// ---- The stored position -------------------------------------------------
-
 // Stored Left and Top are twips of the outer corner of a window framed 45
-// and 330 twips around its client area, converted to the nearest pixel.
+// and 330 twips around its client area, read to the nearest pixel.
 TEST(WindowPosition, TwipsAndPixelsConvertBothWays) {
-  EXPECT_EQ(ClientFromTwips(-45, -330), QPoint(0, 0));
-  EXPECT_EQ(ClientFromTwips(-44, -336), QPoint(0, 0));  // the first-run values
-  EXPECT_EQ(ClientFromTwips(1455, 1170), QPoint(100, 100));
-  EXPECT_EQ(ClientFromTwips(-45 + 7, -330 + 8), QPoint(0, 1));
-  EXPECT_EQ(ClientFromTwips(-45 - 8, -330 - 7), QPoint(-1, 0));
-  EXPECT_EQ(LeftFromClient(0), -45);
-  EXPECT_EQ(TopFromClient(0), -330);
-  EXPECT_EQ(LeftFromClient(100), 1455);
-  EXPECT_EQ(TopFromClient(-3), -375);
-  for (int x : {-500, -1, 0, 1, 17, 1919}) {
-    EXPECT_EQ(ClientFromTwips(LeftFromClient(x), TopFromClient(x)), QPoint(x, x));
-  }
+  const struct { float left, top; QPoint client; } kReads[] = {
+      {-45, -330, {0, 0}}, {-44, -336, {0, 0}}, {1455, 1170, {100, 100}},
+      {-45 + 7, -330 + 8, {0, 1}}, {-45 - 8, -330 - 7, {-1, 0}}};
+  for (const auto& c : kReads) EXPECT_EQ(ClientFromTwips(c.left, c.top), c.client) << c.left;
+  EXPECT_EQ(QPointF(LeftFromClient(100), TopFromClient(-3)), QPointF(1455, -375));
+  for (int x : {-500, -1, 0, 1919})
+    EXPECT_EQ(ClientFromTwips(LeftFromClient(x), TopFromClient(-x)), QPoint(x, -x));
 }
 
-TEST(WindowPosition, AFirstRunStoresThePositionAsTheWindowReportsIt) {
-  QTemporaryDir dir;
-  ScopedStoreFolder folder(dir.path());
-  QtPlatform platform(false);
-  Form1 form(platform);
-  DeviceWindow window(form);
-  platform.Attach(form, window);
-  form.Form_Load();
-  EXPECT_EQ(window.pos(), QPoint(0, 0));
-  EXPECT_EQ(platform.GetSetting(kApp, kSection, "Left", ""), "-45");
-  EXPECT_EQ(platform.GetSetting(kApp, kSection, "Top", ""), "-330");
-}
-
-// ---- Repaints --------------------------------------------------------------
-
-TEST_F(DeviceWindowTest, OnlyTheRectanglesOfChangedObjectsAreRepainted) {
+// The frameless window stands where the store put it. Only a real change
+// repaints, and only the changed objects' rectangles; the tooltip is the
+// topmost visible, enabled object's.
+TEST_F(DeviceWindowTest, AFramelessWindowRepaintsAndExplainsOnlyWhatShows) {
+  EXPECT_TRUE(window.windowFlags().testFlag(Qt::FramelessWindowHint));
+  EXPECT_TRUE(window.minimumSize() == QSize(333, 198) && window.maximumSize() == QSize(333, 198));
+  EXPECT_EQ(window.ClientPos(), QPoint(100, 100));
   window.show();
   PaintRecorder recorder;
   window.installEventFilter(&recorder);
-  QCoreApplication::processEvents();
-  recorder.painted = QRegion();
-  recorder.paints = 0;
-
-  form.Show(Obj::Note);
-  form.Show(Obj::BabyNautrix);
-  QCoreApplication::processEvents();
-  const Rect note = Info(Obj::Note).rect, baby = Info(Obj::BabyNautrix).rect;
-  EXPECT_EQ(recorder.painted, QRegion(note.left, note.top, note.width, note.height) +
-                                  QRegion(baby.left, baby.top, baby.width, baby.height));
-
-  // Showing what is shown, or giving a key the picture it has, paints nothing.
-  recorder.painted = QRegion();
-  recorder.paints = 0;
-  form.Show(Obj::Note);
-  form.CopyPicture(Button0(0), Obj::GameAButton);
-  QCoreApplication::processEvents();
-  EXPECT_EQ(recorder.paints, 0);
-
-  // A key that goes down repaints the key alone.
-  form.CopyPicture(Button0(1), Obj::GameAButton);
-  QCoreApplication::processEvents();
-  const Rect key = Info(Obj::GameAButton).rect;
-  EXPECT_EQ(recorder.painted, QRegion(key.left, key.top, key.width, key.height));
+  const auto painted_by = [&](auto change) {
+    QCoreApplication::processEvents();
+    recorder.painted = QRegion();
+    change();
+    QCoreApplication::processEvents();
+    return recorder.painted;
+  };
+  EXPECT_EQ(TipAt(Inside(Obj::Note, 2, 2)), "");  // the note, hidden, has no say
+  EXPECT_EQ(painted_by([&] { form.Show(Obj::Note), form.Show(Obj::BabyNautrix); }),
+            QRegion(Area(Obj::Note)) + Area(Obj::BabyNautrix));
+  EXPECT_TRUE(painted_by([&] {
+    form.Show(Obj::Note), form.CopyPicture(Button0(0), Obj::GameAButton);
+  }).isEmpty());
+  EXPECT_EQ(painted_by([&] { form.CopyPicture(Button0(1), Obj::GameAButton); }),
+            QRegion(Area(Obj::GameAButton)));
   window.removeEventFilter(&recorder);
+  form.Show(Obj::GameType0);  // shown, but disabled: the case answers
+  const std::pair<QPoint, const char*> kTips[] = {
+      {Inside(Obj::GameAButton, 1, 1), "GAME A"}, {Inside(DiverStep(0), 1, 1), "Diver"},
+      {Inside(Obj::Note, 2, 2), "Musical note symbol"}, {Inside(Obj::GameType0, 1, 1), ""},
+      {{5, 190}, ""}};
+  for (const auto& [at, tip] : kTips) EXPECT_EQ(TipAt(at), tip) << tip;
 }
 
-// ---- The pointer -------------------------------------------------------------
-
-// A left press on the case starts the drag with X and Y in twips from the
-// case's corner; the case keeps the pointer while it passes over the logo,
-// and the window follows the pointer until the release stores it.
-TEST_F(DeviceWindowTest, TheCaseHoldsThePointerThroughTheDrag) {
-  Press({5, 8});
-  EXPECT_TRUE(form.Dragging);
-  EXPECT_EQ(form.DragX, 75);
-  EXPECT_EQ(form.DragY, 120);
-
-  const QPoint start = window.ClientPos();
-  Move({30, 40}, Qt::LeftButton);  // over the logo
-  EXPECT_EQ(window.ClientPos(), start + QPoint(25, 32));
+// The pressed object holds the pointer, with X and Y in twips from its own
+// corner, over other objects and off the window, until the release: a
+// segment drags the window along, which stands still while another button is
+// held too; a key let go far off comes up. A double click comes in place of
+// the second press and turns the device over; the back, now in front, takes
+// the next one and turns it back.
+TEST_F(DeviceWindowTest, ThePressedObjectHoldsThePointerUntilTheRelease) {
+  const QPoint grip = Inside(Obj::Nautrix0, 3, 2);  // (164, 77), in a window at (100, 100)
+  Press(grip);
+  EXPECT_EQ(window.Captured(), Obj::Nautrix0);
+  EXPECT_EQ(QPoint(form.DragX, form.DragY), QPoint(45, 30));
+  MoveTo({130, 140});  // onto the logo
+  EXPECT_EQ(window.ClientPos(), QPoint(-34, 63));
   EXPECT_TRUE(form.SamePicture(Obj::Logo, TPLogo(0))) << "the logo took a held pointer";
-  EXPECT_EQ(form.PressedKey, kNoKey);
-
-  // The window has caught up: the same screen point moves it no further.
-  MoveGlobal(start + QPoint(30, 40), Qt::LeftButton);
-  EXPECT_EQ(window.ClientPos(), start + QPoint(25, 32));
-
-  // Far off the window, the case still has the pointer.
-  MoveGlobal(start + QPoint(-200, 500), Qt::LeftButton);
-  EXPECT_EQ(window.ClientPos(), start + QPoint(-205, 492));
-  Release(QPoint(5, 8));
-  EXPECT_FALSE(form.Dragging);
-  EXPECT_EQ(platform.GetSetting(kApp, kSection, "Left", ""), std::to_string(1455 - 205 * 15));
-  EXPECT_EQ(platform.GetSetting(kApp, kSection, "Top", ""), std::to_string(1170 + 492 * 15));
-}
-
-// With no button held a move goes to the object under the pointer: the logo
-// lights, and the case puts it out.
-TEST_F(DeviceWindowTest, AFreePointerMeetsTheObjectUnderIt) {
-  Move({30, 40}, {});
-  EXPECT_TRUE(form.SamePicture(Obj::Logo, TPLogo(1)));
-  Move({5, 8}, {});
-  EXPECT_TRUE(form.SamePicture(Obj::Logo, TPLogo(0)));
+  MoveTo({130, 140});  // caught up: no further
+  MoveTo({190, 140}, Qt::LeftButton | Qt::MiddleButton);
+  EXPECT_EQ(window.ClientPos(), QPoint(-34, 63));
+  MoveTo({-100, 600});
+  EXPECT_EQ(window.ClientPos(), QPoint(-264, 523));
+  Release(grip);
   EXPECT_EQ(window.Captured(), Obj::Count);
-}
+  EXPECT_EQ(platform.GetSetting(kStoreApp, kStoreSection, "Left", ""), "-4005");
+  EXPECT_EQ(platform.GetSetting(kStoreApp, kStoreSection, "Top", ""), "7515");
 
-// A key pressed and let go far away: the release reaches the key, which
-// comes up; the press's object keeps the pointer all along.
-TEST_F(DeviceWindowTest, AKeyKeepsThePointerUntilTheRelease) {
-  const Rect left = Info(Obj::LeftButton).rect;
-  const QPoint on_key(left.left + 5, left.top + 5);
-  Press(on_key);
-  EXPECT_EQ(window.Captured(), Obj::LeftButton);
-  EXPECT_TRUE(KeyDown(Obj::LeftButton, Button1(1)));
-  Move({5, 8}, Qt::LeftButton);
+  Press(Inside(Obj::LeftButton, 5, 5));
+  EXPECT_TRUE(form.SamePicture(Obj::LeftButton, Button1(1)));
+  MoveTo(QPoint(-264, 523) + QPoint(5, 8));  // over the case
   EXPECT_EQ(window.Captured(), Obj::LeftButton);
   EXPECT_FALSE(form.Dragging) << "the case took a move of the key's pointer";
   Release({300, 190});
   EXPECT_EQ(window.Captured(), Obj::Count);
-  EXPECT_TRUE(KeyDown(Obj::LeftButton, Button1(0)));
-}
+  EXPECT_TRUE(form.SamePicture(Obj::LeftButton, Button1(0)));
 
-// A second button during a drag goes to the object that has the pointer,
-// and moves then carry the sum of the held buttons: the window stands still
-// until the left button is alone again.
-TEST_F(DeviceWindowTest, MovesCarryTheSumOfTheHeldButtons) {
-  Press({5, 8});
-  Press({5, 8}, Qt::MiddleButton, Qt::LeftButton | Qt::MiddleButton);
-  EXPECT_EQ(window.Captured(), Obj::FrontCase);
-  const QPoint start = window.ClientPos();
-  Move({40, 8}, Qt::LeftButton | Qt::MiddleButton);
-  EXPECT_EQ(window.ClientPos(), start);
-  Release({40, 8}, Qt::MiddleButton, Qt::LeftButton);
-  EXPECT_EQ(window.Captured(), Obj::FrontCase);
-  Move({40, 8}, Qt::LeftButton);
-  EXPECT_EQ(window.ClientPos(), start + QPoint(35, 0));
-  Release({5, 8});
-}
-
-// A double click comes in place of the second press: it turns the device
-// over, and the second release ends no drag. The back, now in front, takes
-// the next double click and turns it back.
-TEST_F(DeviceWindowTest, ADoubleClickTurnsTheDeviceOver) {
-  auto double_click = [&](QPoint p) {
-    Press(p);
-    Release(p);
-    Mouse(QEvent::MouseButtonDblClick, p, Qt::LeftButton, Qt::LeftButton);
-    Release(p);
-  };
-  const Rect tip = Info(Tentacle(2, 4)).rect;
-  form.Show(Tentacle(2, 4));
-  double_click({tip.left + 2, tip.top + 2});
-  EXPECT_TRUE(form.IsVisible(Obj::BackCase));
-  EXPECT_TRUE(form.mBack.Checked);
-  EXPECT_FALSE(form.Dragging);
-  double_click({tip.left + 2, tip.top + 2});
-  EXPECT_FALSE(form.IsVisible(Obj::BackCase));
-  EXPECT_FALSE(form.mBack.Checked);
-}
-
-// ---- Tooltips ------------------------------------------------------------------
-
-TEST_F(DeviceWindowTest, TheTooltipIsTheTopmostObjects) {
-  window.show();
-  auto tip_at = [&](QPoint client) {
-    QHelpEvent event(QEvent::ToolTip, client, window.ClientPos() + client);
-    QCoreApplication::sendEvent(&window, &event);
-    return event.isAccepted() ? QToolTip::text() : QString();
-  };
-  const Rect game_a = Info(Obj::GameAButton).rect;
-  EXPECT_EQ(tip_at({game_a.left + 1, game_a.top + 1}), "GAME A");
-  // DiverStep(0) lies in front of the sea: "Diver".
-  const Rect boat = Info(DiverStep(0)).rect;
-  EXPECT_EQ(tip_at({boat.left + 1, boat.top + 1}), "Diver");
-  EXPECT_EQ(tip_at({5, 190}), "");  // the case has none
-}
-
-// ---- The keyboard ------------------------------------------------------------------
-
-TEST(KeyCodes, KeysMapToTheDevicesCodes) {
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_A, Qt::NoModifier), 65);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_Z, Qt::ShiftModifier), 90);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_T, Qt::ControlModifier), 84);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_0, Qt::NoModifier), 48);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_1, Qt::NoModifier), 49);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_Exclam, Qt::ShiftModifier), 49);  // Shift+1 is still 1
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_At, Qt::ShiftModifier), 50);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_Left, Qt::NoModifier), 37);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_Up, Qt::NoModifier), 38);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_Right, Qt::NoModifier), 39);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_Down, Qt::KeypadModifier), 40);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_F1, Qt::NoModifier), 112);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_Return, Qt::NoModifier), 13);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_Enter, Qt::KeypadModifier), 13);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_Escape, Qt::NoModifier), 27);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_PageUp, Qt::NoModifier), 33);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_PageDown, Qt::NoModifier), 34);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_Home, Qt::NoModifier), 36);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_End, Qt::NoModifier), 35);
-  EXPECT_EQ(VirtualKeyCode(Qt::Key_Backspace, Qt::NoModifier), 8);
-  // The keypad's digits have codes of their own, which no device key has.
-  for (int d = 0; d <= 9; ++d) {
-    EXPECT_EQ(VirtualKeyCode(Qt::Key_0 + d, Qt::KeypadModifier), 96 + d);
+  for (bool back : {true, false}) {
+    Press(grip);
+    Release(grip);
+    Mouse(QEvent::MouseButtonDblClick, grip, Qt::LeftButton, Qt::LeftButton);
+    Release(grip);
+    EXPECT_EQ(form.IsVisible(Obj::BackCase) && form.mBack.Checked, back);
+    EXPECT_FALSE(form.Dragging);
   }
 }
 
-TEST_F(DeviceWindowTest, KeypadDigitsWorkNoDeviceKey) {
-  Key(QEvent::KeyPress, Qt::Key_1, false, Qt::KeypadModifier);
-  EXPECT_FALSE(form.KeyLatch);
-  EXPECT_FALSE(KeyDown(Obj::GameAButton, Button0(1)));
-  Key(QEvent::KeyRelease, Qt::Key_1, false, Qt::KeypadModifier);
-
-  Key(QEvent::KeyPress, Qt::Key_1);
-  EXPECT_TRUE(form.KeyLatch);
-  EXPECT_TRUE(KeyDown(Obj::GameAButton, Button0(1)));
+TEST(KeyCodes, TheDesktopsKeysAndButtonsInTheDevicesCodes) {
+  const Qt::KeyboardModifiers kShift = Qt::ShiftModifier, kPad = Qt::KeypadModifier;
+  const struct { int key; Qt::KeyboardModifiers mods; int code; } kKeys[] = {
+      {Qt::Key_A, {}, 65},      {Qt::Key_Z, kShift, 90},      {Qt::Key_T, Qt::AltModifier, 84},
+      {Qt::Key_0, {}, 48},      {Qt::Key_Exclam, kShift, 49}, {Qt::Key_Left, {}, 37},
+      {Qt::Key_Up, {}, 38},     {Qt::Key_Right, {}, 39},      {Qt::Key_Down, kPad, 40},
+      {Qt::Key_F1, {}, 112},    {Qt::Key_Return, {}, 13},     {Qt::Key_Enter, kPad, 13},
+      {Qt::Key_Escape, {}, 27}, {Qt::Key_PageUp, {}, 33},     {Qt::Key_PageDown, {}, 34},
+      {Qt::Key_Home, {}, 36},   {Qt::Key_End, {}, 35},        {Qt::Key_Backspace, {}, 8}};
+  for (const auto& k : kKeys) EXPECT_EQ(VirtualKeyCode(k.key, k.mods), k.code) << k.code;
+  // The keypad's digits have codes of their own, which no device key has.
+  for (int d = 0; d <= 9; ++d) EXPECT_EQ(VirtualKeyCode(Qt::Key_0 + d, kPad), 96 + d);
+  const std::pair<Qt::MouseButtons, int> kButtons[] = {
+      {Qt::LeftButton, 1}, {Qt::RightButton, 2}, {Qt::MiddleButton, 4},
+      {Qt::LeftButton | Qt::MiddleButton | Qt::BackButton, 5}};
+  for (const auto& [buttons, code] : kButtons) EXPECT_EQ(ButtonCode(buttons), code);
 }
 
-// X sends a held key's repeats as releases and presses: the releases are
-// dropped, so S held through three repeats toggles the sound once.
-TEST_F(DeviceWindowTest, AHeldKeyIsOnePressAndOneRelease) {
+// Keypad 1 works no device key, the main block's 1 works GAME A; X sends a
+// held key's repeats as releases and presses, and the window drops the
+// releases, so S held through three repeats toggles the sound once.
+TEST_F(DeviceWindowTest, KeypadDigitsDoNothingAndAHeldKeyIsOnePressAndOneRelease) {
+  Key(QEvent::KeyPress, Qt::Key_1, false, Qt::KeypadModifier);
+  EXPECT_FALSE(form.KeyLatch);
+  Key(QEvent::KeyRelease, Qt::Key_1, false, Qt::KeypadModifier);
   const bool sound = form.mSound.Checked;
   Key(QEvent::KeyPress, Qt::Key_S);
   for (int i = 0; i < 3; ++i) {
     Key(QEvent::KeyRelease, Qt::Key_S, true);
     Key(QEvent::KeyPress, Qt::Key_S, true);
-    EXPECT_EQ(form.mSound.Checked, sound);
-    EXPECT_TRUE(form.KeyLatch);
+    EXPECT_TRUE(form.KeyLatch && form.mSound.Checked == sound);
   }
   Key(QEvent::KeyRelease, Qt::Key_S);
-  EXPECT_EQ(form.mSound.Checked, !sound);
-  EXPECT_FALSE(form.KeyLatch);
+  EXPECT_FALSE(form.KeyLatch || form.mSound.Checked == sound);
+  Key(QEvent::KeyPress, Qt::Key_1);
+  EXPECT_TRUE(form.SamePicture(Obj::GameAButton, Button0(1)));
 }
 
-// ---- Timer1 and the clock ----------------------------------------------------------
-
-TEST_F(DeviceWindowTest, Timer1RunsOnlyOnceStartedAndStopsAtZero) {
-  EXPECT_FALSE(platform.Timer1Running());
+// Timer1 beats only once started and stops at 0; setting the time of day
+// moves the device's clock alone, and a text that is no time moves nothing.
+TEST_F(DeviceWindowTest, Timer1AndTheDevicesClock) {
   platform.SetTimerInterval(200);
   EXPECT_FALSE(platform.Timer1Running());
   platform.StartTimer1();
-  EXPECT_TRUE(platform.Timer1Running());
-  EXPECT_EQ(platform.Timer1Ms(), 200);
+  EXPECT_TRUE(platform.Timer1Running() && platform.Timer1Ms() == 200);
   platform.SetTimerInterval(0);
   EXPECT_FALSE(platform.Timer1Running());
-}
 
-// Setting the interval it already has does not start the beat over, or a
-// device that sets it at every tick would never tick.
-TEST_F(DeviceWindowTest, TheSameIntervalDoesNotRestartTheBeat) {
-  platform.SetTimerInterval(300);
-  platform.StartTimer1();
-  QThread::msleep(200);
-  platform.SetTimerInterval(300);
-  EXPECT_TRUE(platform.Timer1Running());
-  // What is left of the beat is what was left before the call.
-  EXPECT_LT(platform.Timer1RemainingMs(), 200);
-  platform.SetTimerInterval(310);
-  EXPECT_GT(platform.Timer1RemainingMs(), 250);
-}
-
-TEST_F(DeviceWindowTest, SettingTheTimeOfDayMovesOnlyTheDevicesClock) {
-  platform.SetTimeOfDay("12:00:00 AM");
-  ClockTime t = platform.Now();
-  EXPECT_EQ(t.hour, 0);
-  EXPECT_EQ(t.minute, 0);
-  EXPECT_LE(t.second, 1);
   platform.SetTimeOfDay("11:59:30 PM");
-  t = platform.Now();
-  EXPECT_EQ(t.hour, 23);
-  EXPECT_EQ(t.minute, 59);
-  EXPECT_GE(t.second, 30);
-  platform.SetTimeOfDay("12:30:15 PM");
-  t = platform.Now();
-  EXPECT_EQ(t.hour, 12);
-  EXPECT_EQ(t.minute, 30);
+  const ClockTime t = platform.Now();
+  EXPECT_TRUE(t.hour == 23 && t.minute == 59 && t.second >= 30) << t.hour << ":" << t.minute;
   platform.SetTimeOfDay("not a time");
-  EXPECT_EQ(platform.Now().hour, 12);
-  // The device's time text reads the written time.
+  EXPECT_EQ(platform.Now().hour, 23);
   platform.SetTimeOfDay("07:08:09 AM");
-  EXPECT_EQ(form.CurrentTimeText().substr(0, 4), "0708");
-  EXPECT_EQ(form.CurrentTimeText().substr(6), " AM");
-}
-
-// ---- Random numbers and files ---------------------------------------------------------
-
-TEST(QtPlatformBasics, RandomNumbersRepeatBySeedAndStayBelowOne) {
-  TestApp();
-  QtPlatform a(false), b(false);
-  a.Randomize(17);
-  b.Randomize(17);
-  std::set<float> seen;
-  for (int i = 0; i < 200000; ++i) {
-    const float r = a.Rnd();
-    ASSERT_EQ(r, b.Rnd());
-    ASSERT_GE(r, 0.0f);
-    ASSERT_LT(r, 1.0f);
-    if (i < 1000) seen.insert(r);
-  }
-  EXPECT_GT(seen.size(), 990u);
-  a.Randomize(18);
-  b.Randomize(17);
-  EXPECT_NE(a.Rnd(), b.Rnd());
-}
-
-TEST(QtPlatformBasics, FileAttributesTellFilesFromFolders) {
-  TestApp();
-  QtPlatform platform(false);
-  QTemporaryDir dir;
-  QDir(dir.path()).mkdir("Beep1.wav");
-  QFile file(dir.path() + "/Beep0.wav");
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.close();
-  bool is_directory = true;
-  EXPECT_TRUE(platform.FileAttributes((dir.path() + "/Beep0.wav").toStdString(), is_directory));
-  EXPECT_FALSE(is_directory);
-  EXPECT_TRUE(platform.FileAttributes((dir.path() + "/Beep1.wav").toStdString(), is_directory));
-  EXPECT_TRUE(is_directory);
-  EXPECT_FALSE(platform.FileAttributes((dir.path() + "/Beep2.wav").toStdString(), is_directory));
-  EXPECT_FALSE(platform.FileAttributes("", is_directory));
-  EXPECT_EQ(platform.ProgramFolder(), QCoreApplication::applicationDirPath().toStdString());
+  EXPECT_EQ(form.CurrentTimeText().substr(0, 4) + form.CurrentTimeText().substr(6), "0708 AM");
 }
 
 }  // namespace

@@ -1,20 +1,41 @@
 // The one application object of the shell's tests, under the offscreen
 // platform unless the run chose another, with a configuration folder of its
-// own so that no test reads or writes the user's store.
+// own so that no test reads or writes the user's store; and the small file
+// helpers the tests share.
 #pragma once
 
 #include <QApplication>
 #include <QByteArray>
+#include <QFile>
 #include <QSettings>
 #include <QTemporaryDir>
 
 namespace nautrix {
+
+// The store's application and group, as the device names them.
+constexpr char kStoreApp[] = "Tickplay Simulator";
+constexpr char kStoreSection[] = "Nautrix";
+
+inline QByteArray FileText(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+inline QString WriteFile(const QString& path, const QByteArray& bytes) {
+  QFile file(path);
+  if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) file.write(bytes);
+  return path;
+}
 
 inline QApplication& TestApp() {
   static QApplication* app = [] {
     if (auto* existing = qobject_cast<QApplication*>(QCoreApplication::instance())) return existing;
     static QTemporaryDir config;
     qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
+    // No audio server to find, and none started for the tests.
+    qputenv("PULSE_SERVER", ("unix:" + config.path() + "/no-server").toUtf8());
+    const QString client = WriteFile(config.path() + "/client.conf", "autospawn = no\n");
+    qputenv("PULSE_CLIENTCONFIG", client.toUtf8());
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     static int argc = 1;
     static char name[] = "nautrix_qt_tests";
