@@ -6,9 +6,7 @@
 #include <QString>
 #include <cstdio>
 
-#include "device/form1.h"
-#include "shell/qt/device_window.h"
-#include "shell/qt/qt_platform.h"
+#include "shell/qt/device_app.h"
 
 namespace {
 
@@ -58,13 +56,7 @@ int main(int argc, char** argv) {
   // while the device window is hidden in the tray.
   app.setQuitOnLastWindowClosed(false);
 
-  nautrix::QtPlatform platform;
-  nautrix::Form1 form(platform);
-  nautrix::DeviceWindow window(form);
-  platform.Attach(form, window);
-  form.Form_Load();
-  if (platform.QuitRequested()) return 0;
-  window.show();
-  platform.StartTimer1();
+  nautrix::DeviceApp device;
+  if (!device.Start()) return 0;
   return app.exec();
 }

@@ -15,9 +15,7 @@
 #include <functional>
 #include <string>
 
-#include "device/form1.h"
-#include "shell/qt/device_window.h"
-#include "shell/qt/qt_platform.h"
+#include "shell/qt/device_app.h"
 
 namespace {
 
@@ -44,13 +42,10 @@ int main(int argc, char** argv) {
   QApplication app(argc, argv);
   app.setQuitOnLastWindowClosed(false);
 
-  nautrix::QtPlatform platform;
-  nautrix::Form1 form(platform);
-  nautrix::DeviceWindow window(form);
-  platform.Attach(form, window);
-  form.Form_Load();
-  window.show();
-  platform.StartTimer1();
+  nautrix::DeviceApp device;
+  device.Start();
+  nautrix::QtPlatform& platform = device.platform;
+  nautrix::Form1& form = device.form;
 
   form.GameMode = 1;
   form.StartGame();
