@@ -4,8 +4,8 @@
 //   nautrix_gallery [OUTPUT_FOLDER]        (default: gallery/ beside it)
 //   nautrix_gallery --icons FOLDER         icons as hicolor/NxN/apps/nautrix.png
 //
-// Scenes are set up straight on the screen objects, so the gallery needs no
-// game logic; each is drawn at 1x and 2x, and the 1x one once more enlarged
+// Scenes start from a loaded device (keys up, the form's own figures) and are
+// set up straight on the screen objects and the readout; each is drawn at 1x and 2x, and the 1x one once more enlarged
 // three times without smoothing, to judge the pixels.
 #include <QDir>
 #include <QFont>
@@ -28,44 +28,10 @@ namespace {
 constexpr int kWidth = 333;
 constexpr int kHeight = 198;
 
-void KeysUp(Form1& f) {
-  f.CopyPicture(Button0(0), Obj::GameAButton);
-  f.CopyPicture(Button0(0), Obj::GameBButton);
-  f.CopyPicture(Button0(0), Obj::TimeButton);
-  f.CopyPicture(Button1(0), Obj::LeftButton);
-  f.CopyPicture(Button1(0), Obj::RightButton);
-  f.CopyPicture(Button2(0), Obj::AlarmButton);
-  f.CopyPicture(Button2(0), Obj::ACLButton);
-  f.CopyPicture(TPLogo(0), Obj::Logo);
-}
-
-// Digits "h h : m m" as the readout shows them; a leading blank for h < 10.
-void Readout(Form1& f, int hour, int minute, bool colon, bool pm) {
-  if (hour >= 10) {
-    f.CopyPicture(Number(hour / 10), HourDigit(0));
-    f.Show(HourDigit(0));
-  }
-  f.CopyPicture(Number(hour % 10), HourDigit(1));
-  f.CopyPicture(Number(minute / 10), MinuteDigit(0));
-  f.CopyPicture(Number(minute % 10), MinuteDigit(1));
-  f.Show(HourDigit(1));
-  f.Show(MinuteDigit(0));
-  f.Show(MinuteDigit(1));
-  f.SetVisible(Obj::Colon, colon);
-  f.SetVisible(pm ? Obj::pm : Obj::am, true);
-}
-
+// A score on the readout, as a game shows it after the first tick's time.
 void Score(Form1& f, int score) {
-  if (score >= 100) {
-    f.CopyPicture(Number(score / 100), HourDigit(1));
-    f.Show(HourDigit(1));
-  }
-  if (score >= 10) {
-    f.CopyPicture(Number(score / 10 % 10), MinuteDigit(0));
-    f.Show(MinuteDigit(0));
-  }
-  f.CopyPicture(Number(score % 10), MinuteDigit(1));
-  f.Show(MinuteDigit(1));
+  f.ShowTime("120000 AM");
+  f.ShowScore(score);
 }
 
 void TentacleOut(Form1& f, int t, int length) {
@@ -89,7 +55,6 @@ struct Scene {
 std::vector<Scene> Scenes() {
   return {
       {"lit", [](Form1& f) {
-         KeysUp(f);
          for (int i = Index(Obj::GameType0); i >= Index(Obj::am); --i) {
            const Obj o = static_cast<Obj>(i);
            if (Info(o).picture == Pic::None) f.CopyPicture(Number(8), o);
@@ -97,14 +62,12 @@ std::vector<Scene> Scenes() {
          }
        }},
       {"idle", [](Form1& f) {
-         KeysUp(f);
-         Readout(f, 10, 8, true, false);
+         f.ShowTime("100800 AM");
          f.Show(Obj::Note);
          TentacleOut(f, 2, 2);
          TentacleOut(f, 4, 1);
        }},
       {"game", [](Form1& f) {
-         KeysUp(f);
          f.Show(GameType(0));
          Score(f, 37);
          TentacleOut(f, 0, 2);
@@ -115,7 +78,6 @@ std::vector<Scene> Scenes() {
          f.Hide(Obj::Remainder0);
        }},
       {"walk", [](Form1& f) {
-         KeysUp(f);
          f.Show(GameType(1));
          Score(f, 152);
          TentacleOut(f, 1, 4);
@@ -123,7 +85,6 @@ std::vector<Scene> Scenes() {
          DiverAt(f, 2, false, true);
        }},
       {"chest", [](Form1& f) {
-         KeysUp(f);
          f.Show(GameType(0));
          Score(f, 8);
          TentacleOut(f, 0, 3);
@@ -131,7 +92,6 @@ std::vector<Scene> Scenes() {
          DiverAt(f, 6, false, false);
        }},
       {"capture", [](Form1& f) {
-         KeysUp(f);
          f.Show(GameType(1));
          Score(f, 241);
          TentacleOut(f, 2, 2);
@@ -146,8 +106,7 @@ std::vector<Scene> Scenes() {
          f.Hide(Obj::Remainder1);
        }},
       {"alarm", [](Form1& f) {
-         KeysUp(f);
-         Readout(f, 7, 30, true, false);
+         f.ShowTime("073000 AM");
          f.Show(Obj::Note);
          f.Show(Alarm(0));
          f.Show(Alarm(1));
@@ -190,6 +149,7 @@ QImage DrawScene(const Scene& scene, const PictureBook& book) {
   } else {
     FakePlatform fake;
     Form1 form(fake);
+    form.Form_Load();
     scene.setup(form);
     PaintDevice(painter, form, book, QRect(0, 0, kWidth, kHeight));
   }
