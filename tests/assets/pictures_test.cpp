@@ -67,7 +67,9 @@ TEST(Pictures, OpaqueAndOfEachObjectsSizeAtBothRatiosAndDistinctOnEachObject) {
         const QSize size(Info(o).rect.width * dpr, Info(o).rect.height * dpr);
         EXPECT_TRUE(image.size() == size && image.devicePixelRatio() == dpr) << Info(o).name << dpr;
         for (size_t b = a + 1; b < pics.size() && o != DiverStep(5); ++b) {
-          if (pics[a] != pics[b]) EXPECT_NE(image, Pixels(pics[b], dpr)) << Info(o).name << b;
+          if (pics[a] != pics[b]) {
+            EXPECT_NE(image, Pixels(pics[b], dpr)) << Info(o).name << b;
+          }
         }
       }
     }

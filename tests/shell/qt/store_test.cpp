@@ -41,7 +41,9 @@ TEST(Store, EveryWriteAndDeleteIsOnDiskAtOnce) {
   EXPECT_FALSE(FileText(file).contains("Sound"));
   EXPECT_EQ(Get(platform, "Sound"), "NotFound");
   for (const auto& [key, value] : kValues) {
-    if (key != std::string("Sound")) EXPECT_EQ(Get(platform, key), value) << key;
+    if (key != std::string("Sound")) {
+      EXPECT_EQ(Get(platform, key), value) << key;
+    }
   }
 }
 
