@@ -120,7 +120,8 @@ std::string DeviceTest::Sea() const {
 
 std::string DeviceTest::Beeped() {
   std::string beeps;
-  for (const std::string& name : fake.TakeSounds()) beeps += name.substr(4, 1);
+  for (const std::string& name : fake.sounds) beeps += name.substr(4, 1);
+  fake.sounds.clear();
   return beeps;
 }
 
@@ -186,20 +187,18 @@ void DeviceTest::PressAt(Obj key, Point p) {
   ExpectInvariants();
 }
 
-namespace {
-
-int CodeOf(Obj key) {
-  // 1, 2, T, the Left and Right arrows, A; R for ACL.
-  const std::pair<Obj, int> codes[] = {{Obj::GameAButton, 49}, {Obj::GameBButton, 50},
-                                       {Obj::TimeButton, 84},  {Obj::LeftButton, 37},
-                                       {Obj::RightButton, 39}, {Obj::AlarmButton, 65}};
-  for (const auto& [object, code] : codes) {
-    if (object == key) return code;
+// 1, 2, T, the Left and Right arrows, A; R for ACL.
+int DeviceTest::CodeOf(Obj key) {
+  switch (key) {
+    case Obj::GameAButton: return 49;
+    case Obj::GameBButton: return 50;
+    case Obj::TimeButton: return 84;
+    case Obj::LeftButton: return 37;
+    case Obj::RightButton: return 39;
+    case Obj::AlarmButton: return 65;
+    default: return 82;
   }
-  return 82;
 }
-
-}  // namespace
 
 void DeviceTest::Down(By by, Obj key) {
   if (by == By::Keyboard) return KeyDown(CodeOf(key));

@@ -64,6 +64,11 @@ class DeviceTest : public ::testing::Test {
   // Moves of the diver and the clock, one character each: 'r' and 'l' the
   // diver's steps as the keys make them, 't' a tick, 's' the next second.
   void Do(const std::string& moves);
+  // The sea floor after the moves.
+  std::string SeaAfter(const std::string& moves) {
+    Do(moves);
+    return Sea();
+  }
   // One tick whose tentacle turn draws these numbers first.
   void Turn(std::initializer_list<float> numbers);
   // Tentacle t out to `length` segments, standing down at full length.
@@ -75,6 +80,7 @@ class DeviceTest : public ::testing::Test {
   void MoveTo(Point p) { fake.cursor = p; }
   void MoveOff() { fake.cursor = {200, 180}; }  // on the case, over no key
   static Point Middle(Obj key);
+  static int CodeOf(Obj key);
   // A left press on the key's object, the pointer at p.
   void PressAt(Obj key, Point p);
   void Down(By by, Obj key);
