@@ -14,34 +14,20 @@ using DiverWalk = Scene;
 // cannot climb on the boat, and leaving the chest mid-work leaves it there.
 TEST_F(DiverWalk, AWholeTripPaysOneAtTheChestAndThreeAtTheBoat) {
   Play(1);
-  Do("lrl");
-  EXPECT_EQ(Sea(), "-rr 1:0 00000 -");
-  Do("rrrr");
-  EXPECT_EQ(Sea(), "-rr 5:16 00000 -");
-  Do("rtl");
-  EXPECT_EQ(Sea(), "-rr 4:12 00000 -");
-  Do("rrt");
-  EXPECT_EQ(Sea(), "-rr 5:24 00000 -");
-  Beeped();
-  Do("t");
-  EXPECT_EQ(Sea(), "-rr 5:30 00000 -");
-  EXPECT_EQ(Beeped(), "01");
-  EXPECT_EQ(form.Score, 1);
-  Do("t");
-  EXPECT_EQ(Sea(), "-rr 5:18 00000 -");
-  Do("llll");
-  EXPECT_EQ(Sea(), "-rr 1:2 00000 -");
-  Do("l");
-  EXPECT_EQ(Sea(), "Brr - 00000 -");
-  Beeped();
-  const char* const count[] = {"b1", "B1", "b1", "b0"};
-  for (int beat = 0; beat < 4; ++beat) {
-    Tick();
-    EXPECT_EQ(Sea()[0], count[beat][0]) << beat;
-    EXPECT_EQ(Beeped(), count[beat] + 1) << beat;
-    EXPECT_EQ(form.Score, 2 + std::min(beat, 2)) << beat;
-    EXPECT_EQ(form.BoatWait, 10);
+  const char* const beats[][3] = {
+      {"lrl", "-rr 1:0 00000 -", ""},  {"rrrr", "-rr 5:16 00000 -", ""},
+      {"rtl", "-rr 4:12 00000 -", "0"}, {"rrt", "-rr 5:24 00000 -", "0"},
+      {"t", "-rr 5:30 00000 -", "01"},  {"t", "-rr 5:18 00000 -", "0"},
+      {"llll", "-rr 1:2 00000 -", ""},  {"l", "Brr - 00000 -", ""},
+      {"t", "brr - 00000 -", "1"},      {"t", "Brr - 00000 -", "1"},
+      {"t", "brr - 00000 -", "1"},      {"t", "brr - 00000 -", "0"},
+  };
+  for (const auto& [moves, sea, beeps] : beats) {
+    EXPECT_EQ(SeaAfter(moves), sea) << moves;
+    EXPECT_EQ(Beeped(), beeps) << moves;
   }
+  EXPECT_EQ(form.Score, 4);
+  EXPECT_EQ(form.BoatWait, 10);
   EXPECT_EQ(fake.intervals, (std::vector<int>{300, 220}));
   EXPECT_EQ(form.DiverLoad, 0);
 }
@@ -57,20 +43,17 @@ TEST_F(Caught, ByATipArrivingOverHimOrByAStepUnderIt) {
   PutTentacle(2, 4, false);
   Do("tt");
   Beeped();
-  Do("t");  // tentacle 2's turn
-  EXPECT_EQ(Sea(), "-rr 3:9 00500 - c11");
+  EXPECT_EQ(SeaAfter("t"), "-rr 3:9 00500 - c11");  // tentacle 2's turn
   EXPECT_EQ(Beeped(), "");
   form.CaptureBeats = 0;
   form.DiverLoad = 2;
-  Do("rl");  // back under tentacle 2 with the bag
-  EXPECT_EQ(Sea(), "-rr 3:11 00500 - c11");
+  EXPECT_EQ(SeaAfter("rl"), "-rr 3:11 00500 - c11");  // back under tentacle 2 with the bag
   form.CaptureBeats = 0;
   form.DiverLoad = 0;
   PutTentacle(2, 0, false);
   Do("ll");
   PutTentacle(1, 4, true);
-  Do("r");  // out under tentacle 1
-  EXPECT_EQ(Sea(), "-rr 2:5 04000 - c11");
+  EXPECT_EQ(SeaAfter("r"), "-rr 2:5 04000 - c11");  // out under tentacle 1
 }
 
 // At the chest tentacle 4 catches him at any working beat, arriving or
@@ -83,8 +66,7 @@ TEST_F(Caught, AtTheChest) {
   form.MoveTentacles();
   EXPECT_EQ(Sea(), "-rr 5:21 00003 - c11");
   Beeped();
-  Do("rr");  // on to the treasure
-  EXPECT_EQ(Sea(), "-rr 5:31 00003 - c11");
+  EXPECT_EQ(SeaAfter("rr"), "-rr 5:31 00003 - c11");  // on to the treasure
   EXPECT_EQ(form.Score, 0);
   EXPECT_EQ(Beeped(), "");
   form.CaptureBeats = 0;
@@ -99,8 +81,7 @@ TEST_F(Caught, AtTheChest) {
 TEST_F(Caught, NotDuringABonusNorOnTheSeaFloorWhileTheClockIsSet) {
   PutTentacle(0, 3, true);
   form.BonusBeats = 5;
-  Do("r");
-  EXPECT_EQ(Sea(), "-rr 1:1 30000 -");
+  EXPECT_EQ(SeaAfter("r"), "-rr 1:1 30000 -");
   form.BonusBeats = 0;
   form.ClockSetting = 1;
   PutTentacle(2, 5, true);

@@ -1,6 +1,5 @@
 // KEYBOARD - one device key at a time: the latch turns every other key-down
-// away, any key-up ends the hold, and the menu keys act at their key-up in
-// every mode, past all the gates.
+// away, and any key-up ends the hold.
 #include "tests/support/device_test.h"
 
 namespace nautrix {
@@ -61,27 +60,6 @@ TEST_F(Keyboard, APressWhileTheOtherRouteHoldsAKeyIsIgnored) {
   EXPECT_FALSE(IsDown(Obj::GameBButton) || form.Playing);
   Up(By::Pointer, Obj::GameAButton);
   EXPECT_EQ(form.GameMode, 1);
-}
-
-// The menu keys act at their key-up alone, past the gates that bar the
-// device keys, with a device key held, and leave the latch alone.
-TEST_F(Keyboard, MenuKeysWorkPastEveryGate) {
-  Enter(Mode::Game);
-  form.BoatBeats = 2;
-  KeyDown(kT);
-  for (int code : {112, 73, 66, 79, 13}) KeyDown(code);
-  EXPECT_TRUE(fake.calls.empty());
-  for (int code : {112, 73, 66, 79, 13, 66}) KeyUp(code);
-  EXPECT_EQ(fake.calls, (std::vector<std::string>{"Open Form4", "Open Form4", "Open Form3",
-                                                  "PopupMenu"}));
-  EXPECT_FALSE(Lit(Obj::BackCase));  // B twice: turned over and back
-  form.BoatBeats = 0;
-  KeyDown(kT);
-  KeyUp(kX);
-  EXPECT_FALSE(form.KeyLatch);
-  KeyDown(kT);
-  KeyUp(112);
-  EXPECT_TRUE(form.KeyLatch && IsDown(Obj::TimeButton));
 }
 
 }  // namespace
