@@ -62,5 +62,22 @@ TEST_F(Keyboard, APressWhileTheOtherRouteHoldsAKeyIsIgnored) {
   EXPECT_EQ(form.GameMode, 1);
 }
 
+// The menu keys act at their key-up alone, in every mode, past the gates of
+// the device keys, and leave a held device key held.
+TEST_F(Keyboard, MenuKeysActAtTheirKeyUpPastEveryGate) {
+  Enter(Mode::Game);
+  form.BoatBeats = 2;
+  KeyDown(112);
+  EXPECT_TRUE(fake.calls.empty());
+  for (int code : {112, 73, 66, 79, 13}) KeyUp(code);
+  EXPECT_EQ(fake.calls, (std::vector<std::string>{"Open Form4", "Open Form4", "Open Form3",
+                                                  "PopupMenu"}));
+  EXPECT_TRUE(form.mBack.Checked && Lit(Obj::BackCase));
+  form.BoatBeats = 0;
+  KeyDown(kT);
+  KeyUp(73);
+  EXPECT_TRUE(IsDown(Obj::TimeButton) && form.KeyLatch);
+}
+
 }  // namespace
 }  // namespace nautrix
