@@ -14,12 +14,8 @@ struct Game {
   FakePlatform fake;
   Form1 form{fake};
   Game() {
-    fake.store = {{store::kSound, "True"},          {store::kLeft, "-45"},
-                  {store::kTop, "-330"},            {store::kDiverSpeed, "300"},
-                  {store::kGameASpeed, "220"},      {store::kGameBSpeed, "170"},
-                  {store::kGameAHighScore, "0"},    {store::kGameBHighScore, "0"},
-                  {store::kAlarmTime, "120000 PM"}, {store::kAlarmOn, "True"},
-                  {store::kAlwaysOnTop, "False"},   {store::kAutoShow, "True"}};
+    fake.FillDefaultStore();
+    fake.store[store::kAlarmOn] = "True";
     fake.SetDeviceTime(9, 30, 0);
     form.Form_Load();
     // 0.5 lets every start chance hold and never turns a tentacle back out,

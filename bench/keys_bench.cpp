@@ -14,12 +14,8 @@ struct Device {
   FakePlatform fake;
   Form1 form{fake};
   Device() {
-    fake.store = {{store::kSound, "True"},          {store::kLeft, "-45"},
-                  {store::kTop, "-330"},            {store::kDiverSpeed, "300"},
-                  {store::kGameASpeed, "220"},      {store::kGameBSpeed, "170"},
-                  {store::kGameAHighScore, "315"},  {store::kGameBHighScore, "0"},
-                  {store::kAlarmTime, "120000 PM"}, {store::kAlarmOn, "False"},
-                  {store::kAlwaysOnTop, "False"},   {store::kAutoShow, "True"}};
+    fake.FillDefaultStore();
+    fake.store[store::kGameAHighScore] = "315";
     form.Form_Load();
   }
 };

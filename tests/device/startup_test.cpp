@@ -57,7 +57,7 @@ TEST_F(StartUp, AStoreIsRepairedKeyByKey) {
   };
   for (const auto& c : cases) {
     FakePlatform fake;
-    FillDefaultStore(fake);
+    fake.FillDefaultStore();
     fake.store["Always on Top"] = "True";
     fake.store["Sound"] = "False";
     fake.store["Left"] = "1455";
@@ -79,7 +79,7 @@ TEST_F(StartUp, AStoreIsRepairedKeyByKey) {
 }
 
 TEST_F(StartUp, JunkNumbersTimesAndBooleansReadAsTheKeysDefault) {
-  FillDefaultStore(fake);
+  fake.FillDefaultStore();
   const struct {
     const char* key;
     const char* stored;

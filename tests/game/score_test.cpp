@@ -76,7 +76,7 @@ TEST(HighScore, TheWrapFrom999AndOnlyAHigherScoreOfTheGameIsStored) {
                {0, "0", 900, ""}, {1, "500", 999, "Game A High Score=999"}};
   for (const auto& c : cases) {
     FakePlatform fake;
-    FillDefaultStore(fake);
+    fake.FillDefaultStore();
     fake.store[store::kGameAHighScore] = fake.store[store::kGameBHighScore] = c.stored;
     Form1 form(fake);
     form.GameMode = static_cast<uint8_t>(c.mode);

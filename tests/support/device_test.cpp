@@ -36,17 +36,6 @@ std::string InvariantViolations(const Form1& f) {
 
 #undef NAUTRIX_HOLDS
 
-void FillDefaultStore(FakePlatform& fake) {
-  fake.store = {
-      {store::kSound, "True"},           {store::kLeft, "-45"},
-      {store::kTop, "-330"},             {store::kDiverSpeed, "300"},
-      {store::kGameASpeed, "220"},       {store::kGameBSpeed, "170"},
-      {store::kGameAHighScore, "0"},     {store::kGameBHighScore, "0"},
-      {store::kAlarmTime, "120000 PM"},  {store::kAlarmOn, "False"},
-      {store::kAlwaysOnTop, "False"},    {store::kAutoShow, "True"},
-  };
-}
-
 const char* Name(By by) { return by == By::Pointer ? "Pointer" : "Keyboard"; }
 
 const char* Name(Mode mode) {
@@ -55,7 +44,7 @@ const char* Name(Mode mode) {
 }
 
 void DeviceTest::Load() {
-  FillDefaultStore(fake);
+  fake.FillDefaultStore();
   fake.SetDeviceTime(9, 0, 0);
   form.Form_Load();
   ExpectInvariants();

@@ -19,8 +19,6 @@ namespace nautrix {
 // Every broken invariant of the record, one per line; empty when all hold.
 std::string InvariantViolations(const Form1& form);
 
-// A store as the program leaves it after its first run.
-void FillDefaultStore(FakePlatform& fake);
 
 enum class By { Pointer, Keyboard };
 enum class Mode { Idle, Game, GameOver, AlarmSet, ClockSet };

@@ -1,5 +1,7 @@
 #include "tests/support/fake_platform.h"
 
+#include "device/store_keys.h"
+
 #include <cmath>
 
 namespace nautrix {
@@ -23,6 +25,17 @@ float FakePlatform::Rnd() {
 void FakePlatform::MoveWindow(float l, float t) {
   left = std::lround((l + 45) / 15) * 15.0f - 45;
   top = std::lround((t + 330) / 15) * 15.0f - 330;
+}
+
+void FakePlatform::FillDefaultStore() {
+  store = {
+      {store::kSound, "True"},           {store::kLeft, "-45"},
+      {store::kTop, "-330"},             {store::kDiverSpeed, "300"},
+      {store::kGameASpeed, "220"},       {store::kGameBSpeed, "170"},
+      {store::kGameAHighScore, "0"},     {store::kGameBHighScore, "0"},
+      {store::kAlarmTime, "120000 PM"},  {store::kAlarmOn, "False"},
+      {store::kAlwaysOnTop, "False"},    {store::kAutoShow, "True"},
+  };
 }
 
 }  // namespace nautrix

@@ -39,6 +39,8 @@ class FakePlatform : public Platform {
   // Sets the device clock to h:m:s, 24-hour.
   void SetDeviceTime(int h, int m, int s) { seconds = h * 3600 + m * 60 + s; }
   void AdvanceSeconds(int n) { seconds = (seconds + n) % (24 * 3600); }
+  // A store as the program leaves it after its first run.
+  void FillDefaultStore();
   void Script(std::initializer_list<float> r) { rnd_script.insert(rnd_script.end(), r); }
 
   // ---- Platform ---------------------------------------------------------------
