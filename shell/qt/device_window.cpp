@@ -173,29 +173,31 @@ void DeviceWindow::paintEvent(QPaintEvent* event) {
   PaintDevice(painter, form_, *book_, event->rect());
 }
 
+// A press with no other button held takes the pointer anew (a release that
+// a popup menu swallowed leaves no capture behind): the topmost visible,
+// enabled object under it keeps every move and the release. False when no
+// object is there.
+bool DeviceWindow::TakePointer(const QMouseEvent* event) {
+  if (captured_ == Obj::Count || (event->buttons() & ~event->button()) == Qt::NoButton) {
+    const QPoint client = ClientPoint(event->globalPosition().toPoint());
+    captured_ = form_.ObjectAt(client.x(), client.y());
+  }
+  return captured_ != Obj::Count;
+}
+
 void DeviceWindow::mousePressEvent(QMouseEvent* event) {
   // The press that ends a double click comes as the double click itself.
   if (event->flags().testFlag(Qt::MouseEventCreatedDoubleClick)) return;
   const int button = ButtonCode(event->button());
   if (button == 0) return;
-  // A press with no other button held takes the pointer anew: a release that
-  // a popup menu swallowed leaves no capture behind.
-  if (captured_ == Obj::Count || (event->buttons() & ~event->button()) == Qt::NoButton) {
-    const QPoint client = ClientPoint(event->globalPosition().toPoint());
-    captured_ = form_.ObjectAt(client.x(), client.y());
-    if (captured_ == Obj::Count) return;
-  }
+  if (!TakePointer(event)) return;
   const QPointF xy = Twips(captured_, event->globalPosition());
   form_.MouseDown(captured_, button, ShiftState(event->modifiers()), xy.x(), xy.y());
 }
 
 void DeviceWindow::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return mousePressEvent(event);
-  if (captured_ == Obj::Count || (event->buttons() & ~event->button()) == Qt::NoButton) {
-    const QPoint client = ClientPoint(event->globalPosition().toPoint());
-    captured_ = form_.ObjectAt(client.x(), client.y());
-    if (captured_ == Obj::Count) return;
-  }
+  if (!TakePointer(event)) return;
   form_.DblClick(captured_);
 }
 

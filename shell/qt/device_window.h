@@ -54,6 +54,8 @@ class DeviceWindow : public QWidget {
  private:
   // X and Y in twips relative to object o, for a pointer at `global`.
   QPointF Twips(Obj o, const QPointF& global) const;
+  // A press takes the pointer for the object under it; false over none.
+  bool TakePointer(const QMouseEvent* event);
 
   Form1& form_;
   std::unique_ptr<PictureBook> book_;
