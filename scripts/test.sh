@@ -5,6 +5,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh --tests
-scripts/build.sh
+scripts/build.sh --tests
 cd build
 ctest --output-on-failure -j "$(nproc)"
