@@ -1,18 +1,25 @@
 // The popup menu's items and the tray's door. A toggle flips the item's
 // mark and then acts by the mark: the marks are the options' working state.
+#include <cmath>
+
 #include "device/form1.h"
 #include "device/store_keys.h"
 #include "device/text.h"
 
 namespace nautrix {
+namespace {
+constexpr float kTwipsPerPixel = 15.0f;  // of the screen the tray reports on
+}  // namespace
 
 void Form1::OpenPopupMenu() { platform_.OpenPopupMenu(); }
 
-// The tray reports its mouse messages by number: 515 a left double click,
-// 517 the right button's release. Events that come while the menu is open
-// are dropped.
+// The tray reports its mouse messages by number, as a pointer X of that many
+// pixels: 515 a left double click, 517 the right button's release. Events
+// that come while the menu is open are dropped. An X beyond every message
+// number is no message.
 void Form1::Form_MouseMove(int /*Button*/, int /*Shift*/, float X, float /*Y*/) {
-  TrayMessage = static_cast<int32_t>(X / 15.0f + 0.5f);
+  const float pixels = X / kTwipsPerPixel;
+  TrayMessage = std::fabs(pixels) < 1e9f ? static_cast<int32_t>(std::lround(pixels)) : 0;
   if (TrayBusy) return;
   TrayBusy = true;
   if (TrayMessage == 515) mHide_Click();

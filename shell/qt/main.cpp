@@ -14,7 +14,7 @@ QtMessageHandler g_next_handler = nullptr;
 
 // What the desktop says of itself and the user cannot act on: an audio back
 // end without a server, sound decoding, a keyboard extension the X server
-// lacks, a runtime folder it had to make up.
+// lacks, a runtime folder it had to make up, an X11 tray watch off X11.
 bool KnownPlatformWarning(QtMsgType type, const QMessageLogContext& context,
                           const QString& message) {
   if (type != QtWarningMsg && type != QtInfoMsg && type != QtDebugMsg) return false;
@@ -24,7 +24,7 @@ bool KnownPlatformWarning(QtMsgType type, const QMessageLogContext& context,
     return true;
   static const char* const kKnown[] = {"PulseAudio", "pa_context", "pulseaudio", "GStreamer",
                                        "QWaveDecoder", "XKEYBOARD", "XKB", "xkbcommon",
-                                       "QStandardPaths: "};
+                                       "QStandardPaths: ", "systemTrayWindowChanged"};
   for (const char* known : kKnown) {
     if (message.contains(QLatin1String(known))) return true;
   }

@@ -13,6 +13,8 @@
 #include <cmath>
 
 #include "shell/qt/device_window.h"
+#include "shell/qt/popup_menu.h"
+#include "shell/qt/tray_icon.h"
 
 namespace nautrix {
 namespace {
@@ -188,7 +190,10 @@ void QtPlatform::MoveWindow(float left, float top) {
   window_->MoveClientTo(ClientFromTwips(left, top));
 }
 
-void QtPlatform::ShowWindow(bool shown) { window_->setVisible(shown); }
+void QtPlatform::ShowWindow(bool shown) {
+  window_->setVisible(shown);
+  if (tray_) tray_->WatchWhileHidden(!shown);
+}
 
 // Only the window manager's state changes: QWidget::setWindowFlag would
 // destroy and re-create the window, and show a hidden one.
@@ -203,13 +208,22 @@ void QtPlatform::ObjectChanged(Obj object) {
 
 void QtPlatform::ProcessEvents() { QCoreApplication::processEvents(); }
 
-// The popup menu, the dialogs and the tray icon are not part of the desktop
-// shell yet: until they are, these requests do nothing.
-void QtPlatform::OpenPopupMenu() {}
+// The dialogs are not part of the desktop shell yet: until they are, these
+// requests do nothing.
 void QtPlatform::OpenDialog(Dialog) {}
 void QtPlatform::SetDialogTopmost(Dialog, bool) {}
-void QtPlatform::AddTrayIcon() {}
-void QtPlatform::RemoveTrayIcon() {}
+
+// ---- The popup menu and the tray ----------------------------------------------------
+
+// The menu lives for the run once it has been opened.
+void QtPlatform::OpenPopupMenu() {
+  if (!menu_) menu_ = std::make_unique<PopupMenu>();
+  menu_->Exec(*form_, TrayIcon::Available());
+}
+
+void QtPlatform::AddTrayIcon() { tray_ = std::make_unique<TrayIcon>(*form_); }
+
+void QtPlatform::RemoveTrayIcon() { tray_.reset(); }
 
 // A caption without a scheme is read as a web address.
 void QtPlatform::OpenUrl(const std::string& url) {

@@ -1,6 +1,6 @@
 // The device's world on the desktop: Timer1, the clock with the device's own
-// offset, the settings store, the random source, the voice, and the device
-// window's position, stacking and repaints.
+// offset, the settings store, the random source, the voice, the device
+// window's position, stacking and repaints, the popup menu and the tray icon.
 #pragma once
 
 #include <QPoint>
@@ -18,6 +18,8 @@
 namespace nautrix {
 
 class DeviceWindow;
+class PopupMenu;
+class TrayIcon;
 
 // The stored window position is in twips of the outer corner of a window
 // whose client area lies 45 and 330 twips inside it, 15 twips to the pixel.
@@ -85,6 +87,8 @@ class QtPlatform : public Platform {
   std::map<std::string, std::unique_ptr<QSettings>> stores_;  // by application
   std::mt19937 random_;
   SoundVoice voice_;
+  std::unique_ptr<PopupMenu> menu_;
+  std::unique_ptr<TrayIcon> tray_;
 };
 
 }  // namespace nautrix

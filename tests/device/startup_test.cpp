@@ -11,12 +11,6 @@ namespace {
 
 using StartUp = DeviceTest;
 
-std::string Joined(const std::vector<std::string>& texts) {
-  std::string joined;
-  for (const std::string& text : texts) joined += (joined.empty() ? "" : ";") + text;
-  return joined;
-}
-
 // A first run writes all twelve keys in the store's order, places the window
 // with its client area at the screen's corner (stored as the window reports
 // it) and opens the instructions, on top, before the tray icon comes.

@@ -9,6 +9,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "device/form1.h"
 #include "device/store_keys.h"
@@ -19,6 +20,12 @@ namespace nautrix {
 // Every broken invariant of the record, one per line; empty when all hold.
 std::string InvariantViolations(const Form1& form);
 
+// "a;b;c"
+inline std::string Joined(const std::vector<std::string>& texts) {
+  std::string joined;
+  for (const std::string& text : texts) joined += (joined.empty() ? "" : ";") + text;
+  return joined;
+}
 
 enum class By { Pointer, Keyboard };
 enum class Mode { Idle, Game, GameOver, AlarmSet, ClockSet };

@@ -4,9 +4,11 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "device/platform.h"
@@ -26,6 +28,7 @@ class FakePlatform : public Platform {
   std::set<std::string> files = {"/opt/nautrix/Beep0.wav", "/opt/nautrix/Beep1.wav",
                                  "/opt/nautrix/Beep2.wav", "/opt/nautrix/Beep3.wav"};
   std::map<std::string, std::string> store;  // key -> value, section "Nautrix"
+  std::function<void()> while_menu_open;     // events that come while the menu is open
 
   // ---- What the device did --------------------------------------------------
   std::vector<int> intervals;             // every SetTimerInterval
@@ -81,7 +84,13 @@ class FakePlatform : public Platform {
   }
   void ObjectChanged(Obj) override {}
   void ProcessEvents() override {}
-  void OpenPopupMenu() override { calls.push_back("PopupMenu"); }
+  void OpenPopupMenu() override {
+    calls.push_back("PopupMenu");
+    // A menu opened inside the open one sees no events of its own.
+    std::function<void()> events = std::exchange(while_menu_open, nullptr);
+    if (events) events();
+    while_menu_open = std::move(events);
+  }
   void OpenDialog(Dialog dialog) override { calls.push_back("Open " + Name(dialog)); }
   void OpenUrl(const std::string& url) override { calls.push_back("OpenUrl " + url); }
   void AddTrayIcon() override { calls.push_back("AddTrayIcon"); }

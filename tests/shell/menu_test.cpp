@@ -1,0 +1,141 @@
+// MENU AND TRAY - the tray's door lets only the left double click and the
+// right release through, and nothing while the menu is open; each item flips
+// its mark and stores it as the item says; the menu opens from the case, the
+// segments, the logo and the keys under their gates.
+#include "tests/support/device_test.h"
+
+namespace nautrix {
+namespace {
+
+using MenuAndTray = Scene;
+
+void Tray(Form1& form, int message) { form.Form_MouseMove(0, 0, message * 15.0f, 0); }
+
+// 512 to 518: a move, the left press, release and double click, the right
+// press, release and double click. Only 515 and 517 act; while the menu is
+// open from the tray, the tray's events are dropped.
+TEST_F(MenuAndTray, OnlyTheDoubleClickAndTheRightReleaseOfTheTrayAct) {
+  for (int message = 512; message <= 518; ++message) Tray(form, message);
+  EXPECT_EQ(Joined(fake.calls), "HideWindow;PopupMenu");
+  EXPECT_TRUE(form.mHide.Checked);
+  Forget();
+  fake.while_menu_open = [this] {
+    Tray(form, 515);
+    Tray(form, 517);
+  };
+  Tray(form, 517);
+  fake.while_menu_open = nullptr;
+  Tray(form, 515);
+  EXPECT_EQ(Joined(fake.calls), "PopupMenu;ShowWindow");
+  EXPECT_FALSE(form.TrayBusy || form.mHide.Checked);
+}
+
+// Twice each: the toggles store their marks at once (Always on Top then
+// restacks the window), Hide and Back store nothing, the dialog items open
+// their dialogs, and Exit takes the icon away first and writes nothing.
+TEST_F(MenuAndTray, EachItemFlipsItsMarkAndStoresWhatItShould) {
+  const struct {
+    void (Form1::*click)();
+    MenuItem Form1::*mark;
+    const char* calls;
+    const char* writes;
+  } items[] = {
+      {&Form1::mHide_Click, &Form1::mHide, "HideWindow;ShowWindow", ""},
+      {&Form1::mSound_Click, &Form1::mSound, "", "Sound=False;Sound=True"},
+      {&Form1::mAutoShow_Click, &Form1::mAutoShow, "", "Auto Show=False;Auto Show=True"},
+      {&Form1::mAlwaysOnTop_Click, &Form1::mAlwaysOnTop, "Topmost;NotTopmost",
+       "Always on Top=True;Always on Top=False"},
+      {&Form1::mBack_Click, &Form1::mBack, "", ""},
+      {&Form1::mOptions_Click, nullptr, "Open Form3;Open Form3", ""},
+      {&Form1::mInstructions_Click, nullptr, "Open Form4;Open Form4", ""},
+      {&Form1::mAbout_Click, nullptr, "Open Form2;Open Form2", ""},
+  };
+  for (const auto& item : items) {
+    const bool before = item.mark && (form.*item.mark).Checked;
+    (form.*item.click)();
+    if (item.mark) {
+      EXPECT_NE((form.*item.mark).Checked, before) << item.calls << item.writes;
+    }
+    EXPECT_EQ(Lit(Obj::BackCase), form.mBack.Checked);
+    (form.*item.click)();
+    if (item.mark) {
+      EXPECT_EQ((form.*item.mark).Checked, before);
+    }
+    EXPECT_EQ(Joined(fake.calls), item.calls);
+    EXPECT_EQ(Joined(fake.store_writes), item.writes);
+    Forget();
+  }
+  form.mExit_Click();
+  EXPECT_EQ(Joined(fake.calls), "RemoveTrayIcon;Quit");
+  EXPECT_TRUE(fake.store_writes.empty());
+}
+
+// A game left running behind the hidden window loses its three divers with
+// their sounds and stands in its game-over minute; showing the window
+// changes nothing of it.
+TEST_F(MenuAndTray, AHiddenGameRunsOnToGameOver) {
+  form.mHide_Click();
+  fake.rnd_default = 0.0f;  // every tentacle reaches out
+  Play(1);
+  for (int ticks = 1; form.Misses != 4 && ticks < 2000; ++ticks) {
+    if (ticks % 4 == 0) fake.AdvanceSeconds(1);
+    Tick();
+  }
+  EXPECT_EQ(form.Misses, 4);
+  EXPECT_NE(Beeped(), "");
+  EXPECT_TRUE(fake.calls.empty());
+  const std::string sea = Sea(), readout = Readout();
+  form.mHide_Click();
+  EXPECT_EQ(Joined(fake.calls), "ShowWindow");
+  EXPECT_EQ(Sea() + Readout(), sea + readout);
+  EXPECT_TRUE(form.Playing);
+}
+
+// Which presses open the menu: the case's right press and the logo's only
+// while the pointer holds nothing (the logo's not while the keyboard holds a
+// key); a segment's any press but the left; a key's any press but the left,
+// under the keys' gates, where ACL alone passes while the boat counts. The
+// logo shows its normal look once the menu has closed.
+TEST_F(MenuAndTray, TheMenuOpensFromTheWindowUnderItsGates) {
+  const struct {
+    Obj object;
+    int button;
+    int16_t held;  // PressedKey
+    bool latch, counting, opens;
+  } cases[] = {
+      {Obj::FrontCase, 2, kNoKey, false, false, true},
+      {Obj::BackCase, 2, kNoKey, false, false, true},
+      {Obj::FrontCase, 2, kGameAKey, false, false, false},
+      {Obj::FrontCase, 4, kNoKey, false, false, false},
+      {Tentacle(2, 1), 2, kGameAKey, false, false, true},
+      {Obj::Treasure, 4, kNoKey, false, false, true},
+      {Obj::Colon, 2, kNoKey, false, false, false},
+      {Obj::Logo, 2, kNoKey, false, false, true},
+      {Obj::Logo, 2, kNoKey, true, false, false},
+      {Obj::Logo, 4, kNoKey, false, false, false},
+      {Obj::Logo, 2, kTimeKey, false, false, false},
+      {Obj::GameBButton, 2, kNoKey, false, false, true},
+      {Obj::RightButton, 4, kNoKey, false, false, true},
+      {Obj::TimeButton, 2, kLeftKey, false, false, false},
+      {Obj::AlarmButton, 2, kNoKey, true, false, false},
+      {Obj::LeftButton, 2, kNoKey, false, true, false},
+      {Obj::ACLButton, 2, kNoKey, false, true, true},
+  };
+  for (const auto& c : cases) {
+    Play(1);
+    // The pointer rests on the logo while the menu is open.
+    fake.while_menu_open = [this] { form.Logo_MouseMove(0, 0, 0, 0); };
+    form.BoatBeats = c.counting ? 2 : 0;
+    form.PressedKey = c.held;
+    form.KeyLatch = c.latch;
+    form.MouseDown(c.object, c.button, 0, 0, 0);
+    EXPECT_EQ(Joined(fake.calls), c.opens ? "PopupMenu" : "") << Info(c.object).name;
+    if (c.object == Obj::Logo) {
+      EXPECT_TRUE(Shows(Obj::Logo, TPLogo(0)));
+    }
+    form.CopyPicture(TPLogo(0), Obj::Logo);
+  }
+}
+
+}  // namespace
+}  // namespace nautrix
