@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "dialogs/qt/dialog_windows.h"
 #include "shell/qt/device_window.h"
 #include "shell/qt/popup_menu.h"
 #include "shell/qt/tray_icon.h"
@@ -64,6 +65,7 @@ QtPlatform::~QtPlatform() = default;
 void QtPlatform::Attach(Form1& form, DeviceWindow& window) {
   form_ = &form;
   window_ = &window;
+  dialogs_ = std::make_unique<DialogWindows>(form, window);
 }
 
 void QtPlatform::StartTimer1() {
@@ -208,10 +210,13 @@ void QtPlatform::ObjectChanged(Obj object) {
 
 void QtPlatform::ProcessEvents() { QCoreApplication::processEvents(); }
 
-// The dialogs are not part of the desktop shell yet: until they are, these
-// requests do nothing.
-void QtPlatform::OpenDialog(Dialog) {}
-void QtPlatform::SetDialogTopmost(Dialog, bool) {}
+void QtPlatform::OpenDialog(Dialog dialog) {
+  if (dialogs_) dialogs_->Open(dialog);
+}
+
+void QtPlatform::SetDialogTopmost(Dialog dialog, bool topmost) {
+  if (dialogs_) dialogs_->SetTopmost(dialog, topmost);
+}
 
 // ---- The popup menu and the tray ----------------------------------------------------
 

@@ -18,6 +18,7 @@
 namespace nautrix {
 
 class DeviceWindow;
+class DialogWindows;
 class PopupMenu;
 class TrayIcon;
 
@@ -41,6 +42,7 @@ class QtPlatform : public Platform {
   int Timer1Ms() const { return timer1_.interval(); }
   int Timer1RemainingMs() const { return timer1_.remainingTime(); }
   SoundVoice& voice() { return voice_; }
+  DialogWindows* dialogs() { return dialogs_.get(); }
   // The device has asked to end; an event loop not yet running must not start.
   bool QuitRequested() const { return quit_requested_; }
 
@@ -89,6 +91,7 @@ class QtPlatform : public Platform {
   SoundVoice voice_;
   std::unique_ptr<PopupMenu> menu_;
   std::unique_ptr<TrayIcon> tray_;
+  std::unique_ptr<DialogWindows> dialogs_;  // from Attach on
 };
 
 }  // namespace nautrix
