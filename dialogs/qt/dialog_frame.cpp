@@ -60,8 +60,11 @@ DialogFrame::DialogFrame(Kind kind, int width, int height) : QDialog(nullptr, Fl
   winId();
 }
 
+// The client area is placed: a frame's size is not known before it is shown.
 void DialogFrame::CentreOn(const QRect& screen_area) {
-  move(screen_area.center() - rect().center());
+  QRect client = rect();
+  client.moveCenter(screen_area.center());
+  setGeometry(client);
 }
 
 void DialogFrame::FitFont(const std::function<bool()>& fits) {

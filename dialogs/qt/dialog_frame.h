@@ -27,7 +27,7 @@ class DialogFrame : public QDialog {
   enum class Kind { Framed, Frameless };
   DialogFrame(Kind kind, int width, int height);
 
-  // Centred on the screen's free area, frame not counted.
+  // The client area centred on the screen's free area.
   void CentreOn(const QRect& screen_area);
   // The design's text size, or the largest smaller one at which `fits`
   // holds: a desktop font wider than the one the design was drawn for would

@@ -1,0 +1,218 @@
+// DIALOGS - the rules of the options, the leaflet and the About window,
+// played on the loaded device through a window that records what the rules
+// asked of it.
+#include "dialogs/form2.h"
+#include "dialogs/form3.h"
+#include "dialogs/form4.h"
+#include "tests/support/device_test.h"
+
+#include <functional>
+
+namespace nautrix {
+namespace {
+
+struct FakeWindow : PageWindow {
+  int unloads = 0, tabs = 0;
+  float left = 3000, top = 2000;
+  void Unload() override { ++unloads; }
+  void PostTab() override { ++tabs; }
+  float Left() override { return left; }
+  float Top() override { return top; }
+  void Move(float l, float t) override { left = l, top = t; }
+};
+
+class Dialogs : public Scene {
+ protected:
+  FakeWindow window;
+  Form3 options{form, window};
+  Form4 leaflet{form, window};
+  Form2 about{form, window};
+  std::string Speeds() {
+    return fake.store["Game A Speed"] + " " + fake.store["Game B Speed"] + " " +
+           fake.store["Diver Speed"] + " " + fake.store["Sound"];
+  }
+};
+
+// The bar's value is the stored speed turned round: shown = value + 1,
+// stored = 441 - value. A hand-edited speed beyond the scale stands at its
+// nearest end and is stored from there; one that is no number is the default.
+TEST_F(Dialogs, TheSpeedScaleBothWaysAndAtItsEnds) {
+  struct Row { const char* stored; int value; const char* label; const char* written; };
+  const Row rows[] = {{"170", 271, "Game B (272)", "170"}, {"441", 0, "Game B (1)", "441"},
+                      {"1", 440, "Game B (441)", "1"},     {"0", 440, "Game B (441)", "1"},
+                      {"5000", 0, "Game B (1)", "441"},    {"-3", 440, "Game B (441)", "1"},
+                      {"fast", 271, "Game B (272)", "170"}};
+  for (const Row& row : rows) {
+    fake.store["Game B Speed"] = row.stored;
+    Form3 dialog{form, window};
+    dialog.Form_Load();
+    EXPECT_EQ(dialog.HScroll2.Value, row.value) << row.stored;
+    EXPECT_EQ(dialog.GameBSpeed.Caption, row.label) << row.stored;
+    dialog.Command3_Click();
+    EXPECT_EQ(fake.store["Game B Speed"], row.written) << row.stored;
+  }
+}
+
+// The load fills the controls from the store and the sound mark, turns the
+// focus on to the Game B bar, stacks by the mark, and leaves Apply off.
+TEST_F(Dialogs, OptionsLoad) {
+  form.mSound.Checked = false;  // the mark, not the store, rules the sound
+  form.mAlwaysOnTop.Checked = true;
+  fake.store["Always on Top"] = "False";
+  options.Form_Load();
+  EXPECT_EQ(options.GameASpeed.Caption + options.GameBSpeed.Caption + options.DiverSpeed.Caption,
+            "Game A (222)Game B (272)Diver (142)");
+  EXPECT_TRUE(options.SoundOff.Value && !options.SoundOn.Value);
+  EXPECT_EQ(options.Check1.Value * 10 + options.Check2.Value, 10);
+  EXPECT_FALSE(options.Command3.Enabled);
+  EXPECT_EQ(window.tabs, 1);
+  EXPECT_EQ(fake.calls, std::vector<std::string>{"Form3 Topmost"});
+}
+
+// Apply comes on at any change of a control, and goes off again at Apply; a
+// dragged thumb renews its label all the way but turns Apply on only when
+// let go elsewhere than it began.
+TEST_F(Dialogs, TheApplyCycle) {
+  options.Form_Load();
+  const std::function<void()> changes[] = {
+      [&] { options.SetValue(options.HScroll1, 0); },
+      [&] { options.SetValue(options.HScroll3, 440); },
+      [&] { options.SetValue(options.SoundOff, true); },
+      [&] { options.SetValue(options.SoundOn, true); },
+      [&] { options.SetValue(options.Check1, 0); },
+      [&] { options.SetValue(options.Check2, 1); },
+      [&] { options.Command4_Click(); }};
+  for (const auto& change : changes) {
+    change();
+    EXPECT_TRUE(options.Command3.Enabled);
+    options.Command3_Click();
+    EXPECT_FALSE(options.Command3.Enabled);
+  }
+  options.DragThumb(options.HScroll2, 10);
+  options.DragThumb(options.HScroll2, 20);
+  EXPECT_EQ(options.GameBSpeed.Caption, "Game B (21)");
+  EXPECT_FALSE(options.Command3.Enabled);
+  options.ReleaseThumb(options.HScroll2);
+  EXPECT_TRUE(options.Command3.Enabled);
+  options.Command3_Click();
+  options.DragThumb(options.HScroll2, 30);
+  options.DragThumb(options.HScroll2, 20);
+  options.ReleaseThumb(options.HScroll2);
+  EXPECT_FALSE(options.Command3.Enabled);
+  EXPECT_EQ(Speeds(), "220 421 300 True");
+}
+
+// OK applies even with Apply off: every speed and the sound are written
+// again and the three marks set, and the dialog ends.
+TEST_F(Dialogs, OkWithApplyOff) {
+  fake.store["Auto Show"] = "False";
+  options.Form_Load();
+  form.mAutoShow.Checked = form.mAlwaysOnTop.Checked = true;
+  Forget();
+  options.Command1_Click();
+  EXPECT_EQ(Joined(fake.store_writes),
+            "Game A Speed=220;Game B Speed=170;Diver Speed=300;Sound=True");
+  EXPECT_FALSE(form.mAutoShow.Checked || form.mAlwaysOnTop.Checked);
+  EXPECT_EQ(window.unloads, 1);
+}
+
+// Default sets the controls only: Cancel after it changes nothing. Applied,
+// it writes the factory speeds and the sound, and checks the two window
+// marks without writing their keys or changing the stacking.
+TEST_F(Dialogs, DefaultThenCancelOrApply) {
+  fake.store["Game A Speed"] = "9";
+  fake.store["Always on Top"] = "False";
+  form.mSound.Checked = false;
+  for (bool apply : {false, true}) {
+    Form3 dialog{form, window};
+    dialog.Form_Load();
+    Forget();
+    dialog.Command4_Click();
+    apply ? dialog.Command3_Click() : dialog.Command2_Click();
+    EXPECT_EQ(Speeds(), apply ? "220 170 300 True" : "9 170 300 True");
+    EXPECT_EQ(form.mSound.Checked && form.mAlwaysOnTop.Checked && form.mAutoShow.Checked, apply);
+    EXPECT_TRUE(fake.calls.empty());
+    EXPECT_EQ(fake.store_writes.size(), apply ? 4u : 0u);
+  }
+}
+
+// An Apply in a game changes the pace at once; in the demo's boat count it
+// gives the idle screen the diver's pace, and the demo goes on by the clock.
+TEST_F(Dialogs, ApplyInAGameAndInTheDemosBoatCount) {
+  NextSecond(14);
+  ASSERT_EQ(form.BoatBeats, 4);
+  options.Form_Load();
+  options.SetValue(options.HScroll3, 340);
+  options.Command3_Click();
+  EXPECT_EQ(fake.intervals.back(), 101);
+  NextSecond();
+  EXPECT_EQ(form.BoatBeats, 3);
+  Play(2);
+  options.SetValue(options.HScroll2, 0);
+  options.Command3_Click();
+  EXPECT_EQ(fake.intervals.back(), 441);
+}
+
+// The pages are a ring both ways; Home and End act only within it; every
+// page but the cover carries its number.
+TEST_F(Dialogs, ThePageRing) {
+  leaflet.Form_Load();
+  EXPECT_EQ(window.tabs, 1);
+  std::string pages;
+  for (int key : {33, 13, 34, 39, 40, 37, 38, 8, 35, 35, 36, 36, 39, 39, 39, 36, 35, 65}) {
+    leaflet.Form_KeyDown(key, 0);
+    pages += std::to_string(leaflet.Picture1) + (leaflet.Label1.Visible ? leaflet.Label1.Caption : "-");
+  }
+  EXPECT_EQ(pages, "991-22334433221-99991-1-2233441-9999");
+  leaflet.Form_KeyDown(27, 0);
+  EXPECT_EQ(window.unloads, 1);
+}
+
+// A left click turns on at its release, a right click back; a left drag
+// moves the sheet by the pointer's way and turns nothing, unless it ends
+// exactly where it began; a press during a drag is ignored.
+TEST_F(Dialogs, ClickOrDragIsDecidedAtTheRelease) {
+  leaflet.Form_Load();
+  leaflet.Picture1_MouseDown(1, 0, 600, 450);
+  EXPECT_EQ(leaflet.CurrentPage, 1);
+  leaflet.Picture1_MouseUp(1, 0, 600, 450);
+  leaflet.Picture1_MouseDown(2, 0, 600, 450);
+  leaflet.Picture1_MouseUp(2, 0, 600, 450);
+  leaflet.Picture1_MouseUp(4, 0, 600, 450);
+  EXPECT_EQ(leaflet.CurrentPage, 1);
+  leaflet.Picture1_MouseDown(1, 0, 600, 450);
+  leaflet.Picture1_MouseMove(1, 0, 615, 480);
+  leaflet.Picture1_MouseDown(1, 0, 0, 0);
+  leaflet.Picture1_MouseMove(1, 0, 600, 450);
+  EXPECT_TRUE(window.left == 3015 && window.top == 2030);
+  leaflet.Picture1_MouseUp(1, 0, 600, 450);
+  EXPECT_EQ(leaflet.CurrentPage, 1);
+  leaflet.Picture1_MouseDown(1, 0, 600, 450);
+  leaflet.Picture1_MouseMove(1, 0, 700, 450);
+  leaflet.Picture1_MouseMove(1, 0, 500, 450);
+  leaflet.Picture1_MouseUp(1, 0, 600, 450);
+  EXPECT_EQ(leaflet.CurrentPage, 2);
+}
+
+// Each link turns purple at the press of any button, blue again at the
+// release, and hands its target to the desktop.
+TEST_F(Dialogs, TheLinks) {
+  about.Form_Load();
+  about.Email_MouseDown(2, 0, 0, 0);
+  EXPECT_EQ(about.Email.ForeColor, kPressedLinkColour);
+  about.Email_MouseUp(2, 0, -9000, 0);
+  about.Homepage_MouseDown(1, 0, 0, 0);
+  about.Homepage_MouseUp(1, 0, 0, 0);
+  about.Handbill_MouseUp(4, 0, 0, 0);
+  EXPECT_EQ(about.Email.ForeColor, kLinkColour);
+  EXPECT_EQ(Joined(fake.calls), "Form2 NotTopmost;OpenUrl mailto:" + about.Email.Caption +
+                                    ";OpenUrl " + about.Homepage.Caption + ";OpenUrl " +
+                                    about.Handbill.Caption);
+  EXPECT_EQ(about.Homepage.Caption.rfind("https://", 0), 0u);
+  EXPECT_EQ(about.Handbill.Caption.find("://"), std::string::npos);
+  about.Command1_Click();
+  EXPECT_EQ(window.unloads, 1);
+}
+
+}  // namespace
+}  // namespace nautrix
