@@ -4,12 +4,6 @@
 
 namespace nautrix {
 
-std::string Joined(const std::vector<std::string>& texts) {
-  std::string joined;
-  for (const std::string& text : texts) joined += (joined.empty() ? "" : ";") + text;
-  return joined;
-}
-
 // Each broken invariant is told by its own condition.
 #define NAUTRIX_HOLDS(condition) \
   if (!(condition)) out << #condition << "\n"

@@ -17,9 +17,6 @@
 
 namespace nautrix {
 
-// Texts joined by ";", as the records of the fake are read in one line.
-std::string Joined(const std::vector<std::string>& texts);
-
 // Every broken invariant of the record, one per line; empty when all hold.
 std::string InvariantViolations(const Form1& form);
 

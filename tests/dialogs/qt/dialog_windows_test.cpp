@@ -129,7 +129,7 @@ TEST_F(DialogWindowsTest, About) {
   QList<QLabel*> links;
   for (auto* label : about->findChildren<QLabel*>()) {
     EXPECT_TRUE(about->rect().contains(label->geometry())) << label->text().toStdString();
-    if (label->text() == "Nautrix 2.5 (May 17, 2000)") EXPECT_TRUE(label->font().bold());
+    EXPECT_EQ(label->font().bold(), label->text() == "Nautrix 2.5 (May 17, 2000)");
     if (label->font().underline()) links << label;
   }
   ASSERT_EQ(links.size(), 3);
