@@ -230,6 +230,7 @@ void DeviceWindow::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void DeviceWindow::keyPressEvent(QKeyEvent* event) {
+  keys_down_.insert(event->nativeScanCode());
   form_.Form_KeyDown(VirtualKeyCode(event->key(), event->modifiers()),
                      ShiftState(event->modifiers()));
 }
@@ -238,6 +239,9 @@ void DeviceWindow::keyReleaseEvent(QKeyEvent* event) {
   // X sends a held key's repeats as release and press pairs: dropping the
   // releases makes a hold one press and one release.
   if (event->isAutoRepeat()) return;
+  // A key pressed in another window (Enter on a dialog's OK, which closed
+  // it) comes up here when the focus has moved on: it is not this device's.
+  if (keys_down_.erase(event->nativeScanCode()) == 0) return;
   form_.Form_KeyUp(VirtualKeyCode(event->key(), event->modifiers()),
                    ShiftState(event->modifiers()));
 }

@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <memory>
+#include <set>
 
 #include "device/form1.h"
 #include "shell/qt/picture_book.h"
@@ -66,6 +67,7 @@ class DeviceWindow : public QWidget {
   // the device sees, so a move the window manager refused is not believed.
   QTimer settle_;
   bool unloaded_ = false;
+  std::set<quint32> keys_down_;  // scan codes of the keys pressed here and not let go
 };
 
 }  // namespace nautrix

@@ -28,17 +28,7 @@ sleep 0.5
 e2e_stop_recording
 sed 's/^/check: /' "$E2E_DIR/check.out"
 
-# Onsets: 10 ms windows of the recording at 8 kHz; a beep begins where the
-# level rises above 5 % of full scale after lying below 1 %.
-sox "$recording" -t raw -r 8000 -e signed -b 16 -c 1 - 2>/dev/null | od -An -v -td2 -w2 |
-  awk -v window=80 '
-    { sum += $1 * $1; n++ }
-    n == window {
-      rms = sqrt(sum / n) / 32768
-      if (!on && rms > 0.05) { on = 1; print int(NR / 8) }
-      else if (on && rms < 0.01) on = 0
-      sum = 0; n = 0
-    }' >"$E2E_DIR/onsets"
+e2e_onsets "$recording" >"$E2E_DIR/onsets"
 
 # The game's beeps are the first unbroken run; the wake beeps follow, apart.
 read -r onsets first last wake_beeps < <(

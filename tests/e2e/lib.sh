@@ -87,6 +87,21 @@ e2e_stop_recording() {
   wait "$E2E_RECORDER" 2>/dev/null || true
 }
 
+# The beeps of a recording ($1), one line each, in milliseconds from its
+# start: 10 ms windows at 8 kHz; a beep begins where the level rises above
+# 5 % of full scale after lying below 1 %.
+e2e_onsets() {
+  sox "$1" -t raw -r 8000 -e signed -b 16 -c 1 - 2>/dev/null | od -An -v -td2 -w2 |
+    awk -v window=80 '
+      { sum += $1 * $1; n++ }
+      n == window {
+        rms = sqrt(sum / n) / 32768
+        if (!on && rms > 0.05) { on = 1; print int(NR / 8) }
+        else if (on && rms < 0.01) on = 0
+        sum = 0; n = 0
+      }'
+}
+
 e2e_store() { echo "$XDG_CONFIG_HOME/Tickplay Simulator.ini"; }
 
 # Starts the program ($1) without the right to set the clock, and waits for

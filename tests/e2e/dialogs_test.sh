@@ -1,0 +1,104 @@
+#!/usr/bin/env bash
+# The three dialogs as a user meets them, in a real X server. A first run
+# shows the leaflet centred and above; its pages turn by the keys and wrap,
+# and Esc closes it. O opens the options: Home and Enter store the slowest
+# Game B, and a Game B then beats at 441 ms on the speakers. The logo opens
+# About, whose mail link reaches the desktop's opener as "mailto:". A second
+# run shows no leaflet.
+source "$(dirname "$0")/lib.sh"
+app=$1
+e2e_setup
+e2e_start_audio
+# A listener that asks for 20 ms keeps the null sink in real time.
+e2e_start_level_monitor
+# The desktop's opener, first on the PATH, writes down what it was given.
+mkdir "$E2E_DIR/bin"
+printf '#!/bin/sh\necho "$*" >>"%s"\n' "$E2E_DIR/opened" >"$E2E_DIR/bin/xdg-open"
+chmod +x "$E2E_DIR/bin/xdg-open"
+export PATH=$E2E_DIR/bin:$PATH
+
+expect_eq() {
+  [ "$1" = "$2" ] || e2e_fail "$3: expected '$2', got '$1'"
+}
+# The program's shown window of this size, if any.
+window_of_size() {
+  local w
+  for w in $(xdotool search --onlyvisible --pid "$E2E_APP" 2>/dev/null); do
+    xwininfo -id "$w" | awk -v size="$1" '/Width/ {w=$NF} /Height/ {h=$NF} END {exit w "x" h != size}' &&
+      echo "$w" && return 0
+  done
+  return 1
+}
+geometry() { xwininfo -id "$1" | awk '/Absolute upper-left X/ {x=$NF} /Absolute upper-left Y/ {y=$NF} END {print x, y}'; }
+
+# --- The first run: the leaflet, centred and above.
+e2e_start_app "$app"
+e2e_wait_for 5 window_of_size 413x250 || e2e_fail "no leaflet at the first run"
+leaflet=$(window_of_size 413x250)
+read -r x y < <(geometry "$leaflet")
+[ $((2 * x + 413 - 1024)) -le 1 ] && [ $((2 * x + 413 - 1024)) -ge -1 ] && [ "$y" = 259 ] ||
+  e2e_fail "the leaflet stands at $x $y, not centred"
+xprop -id "$leaflet" _NET_WM_STATE | grep -q _NET_WM_STATE_ABOVE || e2e_fail "the leaflet is not above"
+
+# Each page shown is named by the order it first appeared in: a the cover.
+# Text on a page is drawn a little differently the first time, so two shots
+# are the same page when few pixels differ.
+xdotool windowactivate --sync "$leaflet"
+import -window "$leaflet" "$E2E_DIR/page0.png"
+pages=1
+letters=abcdefghi
+trace=""
+for key in Next Home End Return Left Right Up Down BackSpace Prior; do
+  xdotool key "$key"
+  sleep 0.15
+  import -window "$leaflet" "$E2E_DIR/shot.png"
+  for ((i = 0; i < pages; i++)); do
+    differ=$(compare -metric AE "$E2E_DIR/shot.png" "$E2E_DIR/page$i.png" null: 2>&1 || true)
+    [ "${differ%% *}" -lt 1000 ] && break
+  done
+  [ "$i" -lt "$pages" ] || mv "$E2E_DIR/shot.png" "$E2E_DIR/page$((pages++)).png"
+  trace+=${letters:i:1}
+done
+expect_eq "$trace" "bacacacacd" "pages after PgDn Home End Enter Left Right Up Down Backspace PgUp from the cover"
+xdotool key Escape
+e2e_wait_for 3 sh -c "! xwininfo -id $leaflet >/dev/null 2>&1" || e2e_fail "Esc left the leaflet open"
+
+# --- Options: the focus on the Game B bar; Home, then Enter for OK, held
+# as a hand holds it. Its release, which comes to the device window, is no
+# Enter of the device's: no popup menu opens.
+e2e_key o
+e2e_wait_for 3 xdotool search --onlyvisible --name '^Nautrix Options$' || e2e_fail "O opened no options"
+options=$(xdotool search --onlyvisible --name '^Nautrix Options$' | head -n1)
+xdotool windowactivate --sync "$options" key Home keydown Return sleep 0.3 keyup Return
+e2e_wait_for 3 sh -c "! xwininfo -id $options >/dev/null 2>&1" || e2e_fail "Enter left the options open"
+expect_eq "$(e2e_setting 'Game B Speed')" 441 "Game B Speed after Home and OK"
+sleep 0.3
+expect_eq "$(xdotool search --onlyvisible --pid "$E2E_APP" | wc -l)" 1 "windows shown after OK by Enter"
+
+# --- About from the logo; the mail link, clicked.
+xdotool mousemove --window "$E2E_WIN" --sync 30 45 click 1
+e2e_wait_for 3 xdotool search --onlyvisible --name '^Nautrix Simulator$' || e2e_fail "the logo opened no About"
+about=$(xdotool search --onlyvisible --name '^Nautrix Simulator$' | head -n1)
+read -r x y < <(geometry "$about")
+xdotool mousemove --sync $((x + 123)) $((y + 40)) click 1
+e2e_wait_for 3 grep -q '^mailto:.*@' "$E2E_DIR/opened" || e2e_fail "the mail link reached no opener"
+xdotool windowactivate --sync "$about" key Escape
+
+# --- A Game B at the new pace, heard on the null sink.
+recording=$E2E_DIR/game.wav
+e2e_start_recording "$recording"
+e2e_key 2
+sleep 4.5
+e2e_stop_recording
+read -r onsets first last < <(e2e_onsets "$recording" | awk 'NR == 1 {f = $1} {l = $1} END {print NR, f, l}')
+[ "$onsets" -ge 8 ] || e2e_fail "$onsets beeps in 4.5 s of Game B"
+mean=$(((last - first) / (onsets - 1)))
+echo "dialogs: Game B at 'Game B Speed' 441: $onsets beeps, mean interval $mean ms"
+[ "$mean" -ge 428 ] && [ "$mean" -le 454 ] || e2e_fail "Game B beats every $mean ms, not 441"
+e2e_stop_app
+
+# --- A second run: the store is complete, so no leaflet.
+e2e_start_app "$app"
+sleep 1.5
+! window_of_size 413x250 >/dev/null || e2e_fail "the leaflet opened at a second run"
+echo "dialogs: 1 passed, 0 failed"
