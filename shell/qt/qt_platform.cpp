@@ -113,46 +113,26 @@ void QtPlatform::SetTimeOfDay(const std::string& text) {
 
 // ---- The settings store ----------------------------------------------------------
 
-QSettings& QtPlatform::Store(const std::string& app) {
-  std::unique_ptr<QSettings>& store = stores_[app];
-  if (!store) {
-    // "<app>.ini" in the user's configuration folder.
-    store = std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
-                                        QString::fromStdString(app));
-  }
+SettingsStore& QtPlatform::Store(const std::string& app) {
+  std::unique_ptr<SettingsStore>& store = stores_[app];
+  if (!store) store = std::make_unique<SettingsStore>(app);
   return *store;
 }
 
-namespace {
-QString StoreKey(const std::string& section, const std::string& key) {
-  return QString::fromStdString(section) + '/' + QString::fromStdString(key);
-}
-}  // namespace
-
 std::string QtPlatform::GetSetting(const std::string& app, const std::string& section,
                                    const std::string& key, const std::string& def) {
-  const QVariant value = Store(app).value(StoreKey(section, key));
-  if (!value.isValid()) return def;
-  // A hand-edited value with commas reads back as a list: give its text.
-  if (value.metaType().id() == QMetaType::QStringList)
-    return value.toStringList().join(QStringLiteral(", ")).toStdString();
-  return value.toString().toStdString();
+  const std::string* text = Store(app).Read(section, key);
+  return text ? *text : def;
 }
 
-// Every change goes to the disk at once, so an abrupt end loses nothing. On a
-// store that cannot be written the change lives in memory for the run.
 void QtPlatform::SaveSetting(const std::string& app, const std::string& section,
                              const std::string& key, const std::string& value) {
-  QSettings& store = Store(app);
-  store.setValue(StoreKey(section, key), QString::fromStdString(value));
-  store.sync();
+  Store(app).Write(section, key, value);
 }
 
 void QtPlatform::DeleteSetting(const std::string& app, const std::string& section,
                                const std::string& key) {
-  QSettings& store = Store(app);
-  store.remove(StoreKey(section, key));
-  store.sync();
+  Store(app).Write(section, key, std::nullopt);
 }
 
 // ---- Random numbers ----------------------------------------------------------------

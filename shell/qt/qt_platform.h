@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QPoint>
-#include <QSettings>
 #include <QTimer>
 #include <map>
 #include <memory>
@@ -13,6 +12,7 @@
 
 #include "device/form1.h"
 #include "device/platform.h"
+#include "shell/qt/settings_store.h"
 #include "shell/qt/sound_voice.h"
 
 namespace nautrix {
@@ -77,7 +77,7 @@ class QtPlatform : public Platform {
   void Quit() override;
 
  private:
-  QSettings& Store(const std::string& app);
+  SettingsStore& Store(const std::string& app);
 
   Form1* form_ = nullptr;
   DeviceWindow* window_ = nullptr;
@@ -86,7 +86,7 @@ class QtPlatform : public Platform {
   int timer1_ms_ = 50;           // the device's interval, 0 stopped
   bool quit_requested_ = false;
   int clock_offset_ms_ = 0;      // the device clock less the computer's, 0 to a day
-  std::map<std::string, std::unique_ptr<QSettings>> stores_;  // by application
+  std::map<std::string, std::unique_ptr<SettingsStore>> stores_;  // by application
   std::mt19937 random_;
   SoundVoice voice_;
   std::unique_ptr<PopupMenu> menu_;

@@ -1,11 +1,14 @@
 // The settings store on the desktop: every write and delete is in the file
-// the moment it is made, values come back as the device wrote them, junk
-// edited in by hand reads as plain text, and a store that cannot be written
-// never stops the device.
+// the moment it is made, values come back as the device wrote them, a read
+// shows what another copy or a hand edit put in the file, a write changes
+// its own line and nothing else, junk edited in by hand reads as plain
+// text, and a store that cannot be written never stops the device.
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <QCoreApplication>
 
 #include "device/form1.h"
 #include "device/store_keys.h"
@@ -47,6 +50,71 @@ TEST(Store, EveryWriteAndDeleteIsOnDiskAtOnce) {
   }
 }
 
+// Two copies on one store, and a hand edit: each read shows the file as it
+// is now, whether it was replaced (a write of another copy, of the same size
+// within the same clock tick) or rewritten in place; a write keeps every
+// other line as it stands, hand-written junk and other groups included.
+TEST(Store, EachReadShowsTheFileAsItIsNowAndAWriteChangesOnlyItsLine) {
+  QTemporaryDir dir;
+  ScopedStoreFolder folder(dir.path());
+  const QString file = dir.path() + "/Tickplay Simulator.ini";
+  QtPlatform one(false), other(false);
+  auto seen = [&](const char* key) {
+    QCoreApplication::processEvents();  // the watch's news
+    return Get(other, key);
+  };
+  for (const char* alarm : {"120100 PM", "120300 PM", "120200 PM"}) {
+    one.SaveSetting(kStoreApp, kStoreSection, "Alarm Time", alarm);
+    EXPECT_EQ(seen("Alarm Time"), alarm);
+  }
+  WriteFile(file, FileText(file).replace("120200 PM", "083000 AM"));  // in place
+  EXPECT_EQ(seen("Alarm Time"), "083000 AM");
+  WriteFile(file, "; mine\n[Other]\nk=v\n\n[Nautrix]\nSound = yes ; loud\nLeft=1\nLeft=2\n");
+  EXPECT_EQ(seen("Left"), "2");
+  other.SaveSetting(kStoreApp, kStoreSection, "Left", "-45");
+  other.SaveSetting(kStoreApp, kStoreSection, "Game A High Score", "7");
+  other.DeleteSetting(kStoreApp, kStoreSection, "Alarm Time");
+  EXPECT_EQ(FileText(file),
+            "; mine\n[Other]\nk=v\n\n[Nautrix]\nSound = yes ; loud\nLeft=-45\n"
+            "Game%20A%20High%20Score=7\n");
+  EXPECT_EQ(seen("Sound"), "yes");
+}
+
+// Two copies at the end of a game: the lower score leaves the other copy's
+// high score as it stands, though its copy read 0 at the game's start.
+TEST(Store, ALowerScoreNeverOverwritesTheOtherCopysHighScore) {
+  QTemporaryDir dir;
+  ScopedStoreFolder folder(dir.path());
+  QtPlatform one(false), other(false);
+  Form1 first(one), second(other);
+  DeviceWindow first_window(first), second_window(second);
+  one.Attach(first, first_window);
+  other.Attach(second, second_window);
+  first.Form_Load();
+  second.Form_Load();
+  EXPECT_EQ(second.SettingInt(store::kGameAHighScore), 0);
+  first.GameMode = second.GameMode = 1;
+  first.Score = 50;
+  second.Score = 30;
+  first.StoreHighScore();
+  QCoreApplication::processEvents();
+  second.StoreHighScore();
+  EXPECT_EQ(Get(one, "Game A High Score"), "50");
+}
+
+// Values of every kind come back as they were written, through the file.
+TEST(Store, AnyTextReadsBackAsWritten) {
+  QTemporaryDir dir;
+  ScopedStoreFolder folder(dir.path());
+  QtPlatform platform(false);
+  for (const char* text : {"", " lead", "trail ", "a, b", "x;y", "say \"hi\"", "back\\slash",
+                           "two\nlines", "@Rect(1 2 3 4)", "tab\there", "Grüße"}) {
+    platform.SaveSetting(kStoreApp, kStoreSection, "Odd Key=%", text);
+    QtPlatform fresh(false);
+    EXPECT_EQ(Get(fresh, "Odd Key=%"), text);
+  }
+}
+
 // Comma lists, quotes and the store's own type markers edited in by hand
 // read as plain text; the device then turns what it cannot use into the
 // key's default and starts as usual.
@@ -58,7 +126,7 @@ TEST(Store, HandEditedJunkReadsAsTextAndTheDeviceStarts) {
             "Game%20B%20Speed=@Rect(1 2 3 4)\nDiver%20Speed=\nSound=yes\n");
   QtPlatform platform(false);
   const std::pair<const char*, const char*> kReads[] = {
-      {"Left", "1, 2"}, {"Top", "-330"}, {"Game A Speed", "fast"}, {"Game B Speed", ""},
+      {"Left", "1, 2"}, {"Top", "-330"}, {"Game A Speed", "fast"}, {"Game B Speed", "@Rect(1 2 3 4)"},
       {"Diver Speed", ""}, {"Sound", "yes"}};
   for (const auto& [key, text] : kReads) EXPECT_EQ(Get(platform, key), text) << key;
   Form1 form(platform);
@@ -70,7 +138,8 @@ TEST(Store, HandEditedJunkReadsAsTextAndTheDeviceStarts) {
 }
 
 // A configuration folder that cannot be made: writes fail quietly, the run
-// goes on with what it wrote in memory, and nothing waits for a lock.
+// goes on with what it wrote in memory, and nothing waits for a lock; once
+// the folder can be made, the next write brings every such value to disk.
 TEST(Store, AStoreThatCannotBeWrittenStillServesTheRun) {
   QTemporaryDir dir;
   WriteFile(dir.path() + "/not-a-folder", "");
@@ -84,6 +153,12 @@ TEST(Store, AStoreThatCannotBeWrittenStillServesTheRun) {
   platform.DeleteSetting(kStoreApp, kStoreSection, "Game A Speed");
   EXPECT_EQ(Get(platform, "Game A Speed"), "NotFound");
   EXPECT_FALSE(QFile::exists(dir.path() + "/not-a-folder/config/Tickplay Simulator.ini"));
+  QFile::remove(dir.path() + "/not-a-folder");
+  platform.SaveSetting(kStoreApp, kStoreSection, "Sound", "False");
+  QtPlatform fresh(false);
+  EXPECT_EQ(Get(fresh, "Sound"), "False");
+  EXPECT_EQ(Get(fresh, "Auto Show"), "True");
+  EXPECT_EQ(Get(fresh, "Game A Speed"), "NotFound");
 }
 
 }  // namespace
