@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QWindow>
 
-#include "shell/qt/picture_book.h"
 
 namespace nautrix {
 namespace {
@@ -53,7 +52,6 @@ QFont UnderlinedFont() {
 // No owner: the device window may hide in the tray while a dialog stands.
 DialogFrame::DialogFrame(Kind kind, int width, int height) : QDialog(nullptr, FlagsOf(kind)) {
   setAttribute(Qt::WA_DeleteOnClose);
-  setWindowIcon(AppIcon());
   setFont(DialogFont());
   setFixedSize(width, height);
   // The native window exists before the load, which sets its stacking.

@@ -1,5 +1,4 @@
-// What the three dialog windows share on the desktop: the program's icon, a
-// fixed client area, a place at the centre of the screen, no owner, and an
+// What the three dialog windows share on the desktop: a fixed client area, a place at the centre of the screen, no owner, and an
 // end when they close. Their controls are laid out in twips, as designed,
 // in the desktop's own sans-serif at 8.25 points.
 #pragma once

@@ -16,10 +16,12 @@ DialogWindows::~DialogWindows() {
   for (const QPointer<DialogFrame>& window : open_) delete window.data();
 }
 
-// The window is known before its load, which sets its stacking.
+// The window is known before its load, which sets its stacking. Its icon is
+// the device window's.
 template <typename Window>
 void DialogWindows::Load(Dialog dialog) {
   auto* window = new Window(device_);
+  window->setWindowIcon(device_window_.windowIcon());
   open_[Slot(dialog)] = window;
   window->Load();
 }

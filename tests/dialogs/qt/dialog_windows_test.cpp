@@ -73,6 +73,7 @@ TEST_F(DialogWindowsTest, Options) {
   DialogFrame* options = Open(Dialog::Options);
   ASSERT_TRUE(options);
   EXPECT_EQ(options->windowTitle(), "Nautrix Options");
+  EXPECT_EQ(options->windowIcon().cacheKey(), window.windowIcon().cacheKey());
   EXPECT_TRUE(options->minimumSize() == QSize(438, 212) && options->maximumSize() == QSize(438, 212));
   EXPECT_FALSE(options->windowFlags() & (Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint));
   EXPECT_TRUE(Centred(options));
