@@ -16,7 +16,8 @@ function(nautrix_add_assets target)
   qt_add_resources(${target} nautrix_art
     PREFIX /art
     BASE ${assets_dir}
-    FILES ${assets_dir}/front.svg ${assets_dir}/back.svg ${assets_dir}/nautrix.svg ${page_files})
+    FILES ${assets_dir}/front.svg ${assets_dir}/back.svg ${assets_dir}/nautrix.svg
+      ${assets_dir}/nautrix_16.svg ${assets_dir}/nautrix_24.svg ${page_files})
 
   # The beeps, synthesised at build time by our own tool.
   add_executable(nautrix_make_beeps ${tools_dir}/make_beeps.cpp)

@@ -150,9 +150,13 @@ PictureBook::PictureBook(qreal device_pixel_ratio) : dpr_(device_pixel_ratio) {
 }
 
 QIcon AppIcon() {
-  QSvgRenderer svg(QString::fromLatin1(kIconResource));
+  QSvgRenderer large(QString::fromLatin1(kIconResource));
+  QSvgRenderer small16(QString::fromLatin1(kIcon16Resource));
+  QSvgRenderer small24(QString::fromLatin1(kIcon24Resource));
   QIcon icon;
   for (int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
+    QSvgRenderer& svg = size == 16 ? small16 : size <= 24 ? small24 : large;
+    svg.setViewBox(size == 22 ? QRectF(1, 1, 22, 22) : QRectF(QPointF(0, 0), svg.defaultSize()));
     QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);

@@ -49,8 +49,12 @@ const PictureSource& SourceOf(Pic pic);
 // slices of the nautrix can be drawn as one body.
 Obj HomeOf(const char* element);
 
-// The resources of the leaflet's pages and of the program's icon.
+// The resources of the leaflet's pages and of the program's icon: the large
+// drawing, and the head drawn anew for 16 and for 24 pixels (whose inner
+// 22 x 22 is the 22-pixel icon).
 const char* PageResource(int page);  // 1..9
 inline constexpr const char* kIconResource = ":/art/nautrix.svg";
+inline constexpr const char* kIcon16Resource = ":/art/nautrix_16.svg";
+inline constexpr const char* kIcon24Resource = ":/art/nautrix_24.svg";
 
 }  // namespace nautrix
