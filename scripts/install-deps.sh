@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that building, running and testing need, and
-# only those that are missing. Usage: scripts/install-deps.sh [--tests]
+# only those that are missing. Usage: scripts/install-deps.sh [--tests|--package]
 set -euo pipefail
 
 packages=(
@@ -13,7 +13,11 @@ if [ "${1:-}" = "--tests" ]; then
     libgtest-dev libgmock-dev libbenchmark-dev
     xvfb openbox xdotool x11-utils x11-xserver-utils imagemagick
     pulseaudio pulseaudio-utils sox util-linux procps
+    desktop-file-utils appstream groff-base weston xwayland qt6-wayland
   )
+fi
+if [ "${1:-}" = "--package" ]; then
+  packages+=(dpkg-dev file lintian)
 fi
 
 missing=()

@@ -32,8 +32,8 @@ e2e_wait_for() {
   done
 }
 
-# A fresh home for the run, an X server and a window manager.
-e2e_setup() {
+# A fresh home for the run: settings, runtime folder, temporary files.
+e2e_home() {
   E2E_DIR=$(mktemp -d /tmp/nautrix-e2e.XXXXXX)
   trap e2e_cleanup EXIT
   export HOME=$E2E_DIR/home XDG_CONFIG_HOME=$E2E_DIR/config
@@ -46,7 +46,11 @@ e2e_setup() {
   export PULSE_SERVER=unix:$XDG_RUNTIME_DIR/no-such-server
   printf 'autospawn = no\n' >"$E2E_DIR/pulse-client.conf"
   export PULSE_CLIENTCONFIG=$E2E_DIR/pulse-client.conf
+}
 
+# A fresh home, an X server and a window manager.
+e2e_setup() {
+  e2e_home
   Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$E2E_DIR/display" 2>/dev/null &
   E2E_PIDS+=($!)
   e2e_wait_for 10 test -s "$E2E_DIR/display" || e2e_fail "Xvfb did not start"

@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# The simulator installed as a user installs it: `cmake --install` into a
+# fresh prefix, which is then moved elsewhere, since nothing may tie the
+# installed tree to its place. bin/ holds only the relative link to the
+# program's folder; no path of the sources is left in any installed file;
+# the desktop entry and the AppStream metadata pass the real validators; the
+# icon the entry names is there at every size; the manual page sets without a
+# warning. Then the installed program, started through its link, plays a
+# Game A whose beat is heard on the sound server: it found its wave files
+# beside itself.
+source "$(dirname "$0")/lib.sh"
+app=$1
+build=$(cd "$(dirname "$app")" && pwd)
+sources=$(cd "$(dirname "$0")/../.." && pwd)
+app_id=org.tickplaysim.Nautrix
+beat_ms=220
+
+e2e_setup
+cmake --install "$build" --prefix "$E2E_DIR/staged" --strip >/dev/null || e2e_fail "cmake --install failed"
+mv "$E2E_DIR/staged" "$E2E_DIR/moved"
+prefix=$E2E_DIR/moved
+
+# The program's folder and its link.
+[ "$(ls -A "$prefix/bin")" = nautrix ] || e2e_fail "bin/ holds $(ls -A "$prefix/bin" | tr '\n' ' ')"
+link=$(readlink "$prefix/bin/nautrix") || e2e_fail "bin/nautrix is not a link"
+[ "${link#/}" = "$link" ] || e2e_fail "bin/nautrix points at an absolute path: $link"
+for file in nautrix Beep0.wav Beep1.wav Beep2.wav Beep3.wav; do
+  [ -f "$prefix/lib/nautrix/$file" ] || e2e_fail "lib/nautrix/$file is missing"
+done
+baked=$(grep -rlF "$sources" "$prefix" || true)
+[ -z "$baked" ] || e2e_fail "the source path is baked into: $baked"
+
+# The desktop entry, the metadata, the icons and the manual page.
+entry=$prefix/share/applications/$app_id.desktop
+desktop-file-validate "$entry" || e2e_fail "desktop-file-validate rejects $entry"
+appstreamcli validate --no-net "$prefix/share/metainfo/$app_id.metainfo.xml" >"$E2E_DIR/appstream.out" ||
+  e2e_fail "appstreamcli rejects the metadata: $(cat "$E2E_DIR/appstream.out")"
+icon=$(sed -n 's/^Icon=//p' "$entry")
+for size in 16 22 24 32 48 64 128 256; do
+  png=$prefix/share/icons/hicolor/${size}x${size}/apps/$icon.png
+  [ "$(identify -format '%wx%h' "$png" 2>/dev/null)" = "${size}x${size}" ] ||
+    e2e_fail "no ${size} x ${size} icon named $icon"
+done
+grep -q '<svg' "$prefix/share/icons/hicolor/scalable/apps/$icon.svg" || e2e_fail "no scalable icon named $icon"
+man_warnings=$(zcat "$prefix/share/man/man6/nautrix.6.gz" | groff -man -ww -z -Tutf8 2>&1)
+[ -z "$man_warnings" ] || e2e_fail "the manual page: $man_warnings"
+
+# The installed program plays a game, heard on the sound server.
+e2e_start_audio
+e2e_start_level_monitor
+e2e_start_recording "$E2E_DIR/game.wav"
+e2e_start_app "$prefix/bin/nautrix"
+e2e_key 1
+sleep 3
+e2e_stop_recording
+e2e_stop_app
+read -r beats mean < <(e2e_onsets "$E2E_DIR/game.wav" |
+  awk 'NR == 1 {first = $1} {last = $1; n++} END {printf "%d %d\n", n, (n > 1 ? (last - first) / (n - 1) : 0)}')
+echo "install: the installed program gave $beats beeps, mean interval $mean ms"
+[ "$beats" -ge 8 ] || e2e_fail "$beats beeps in 3 s of Game A: the installed program is not heard"
+[ "$mean" -ge $((beat_ms * 9 / 10)) ] && [ "$mean" -le $((beat_ms * 11 / 10)) ] ||
+  e2e_fail "mean interval $mean ms, not the game's $beat_ms ms"
+echo "install: 1 passed, 0 failed"
