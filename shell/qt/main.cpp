@@ -28,7 +28,13 @@ bool KnownPlatformWarning(QtMsgType type, const QMessageLogContext& context,
   for (const char* known : kKnown) {
     if (message.contains(QLatin1String(known))) return true;
   }
-  return false;
+  // With no X server at all, Qt says so twice before it turns to Wayland.
+  static bool no_x_server = false;
+  if (category == QLatin1String("qt.qpa.xcb") &&
+      message.startsWith(QLatin1String("could not connect to display")))
+    return no_x_server = true;
+  return no_x_server && category == QLatin1String("qt.qpa.plugin") &&
+         message.contains(QLatin1String("\"xcb\""));
 }
 
 void FilterMessages(QtMsgType type, const QMessageLogContext& context, const QString& message) {
@@ -42,9 +48,12 @@ void FilterMessages(QtMsgType type, const QMessageLogContext& context, const QSt
 int main(int argc, char** argv) {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
       Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
-  // Only on X11 may a program place its own window; a platform chosen for the
-  // run (offscreen tests) is kept.
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb");
+  // Only on X11 may a program place its own window, so a Wayland session runs
+  // it through XWayland; with no X server at all it starts on Wayland itself,
+  // and the compositor places it. A platform chosen for the run (offscreen
+  // tests) is kept.
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+  QGuiApplication::setDesktopFileName(QStringLiteral(NAUTRIX_APP_ID));
   g_next_handler = qInstallMessageHandler(FilterMessages);
 
   // The program reads no command line: Qt gets the program's name alone.

@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# The program in a Wayland session without a screen: weston on its headless
+# back end, with XWayland. Where an X server can be reached (the session's
+# XWayland) the device window is an X11 window, as on any X desktop, and the
+# program speaks no Wayland. Where none can, the program starts on Wayland
+# itself: the compositor gets a 333 x 198 window titled "Nautrix" under the
+# program's desktop id, the device keeps drawing (the colon blinks), and
+# nothing but the protocol log reaches the terminal.
+source "$(dirname "$0")/lib.sh"
+app=$1
+
+e2e_home
+unset QT_QPA_PLATFORM DISPLAY
+weston --backend=headless-backend.so --xwayland --socket=wayland-nautrix --idle-time=0 \
+  >"$E2E_DIR/weston.log" 2>&1 &
+E2E_PIDS+=($!)
+e2e_wait_for 10 grep -q "xserver listening on display" "$E2E_DIR/weston.log" ||
+  e2e_fail "weston did not start: $(tail -n 3 "$E2E_DIR/weston.log")"
+export WAYLAND_DISPLAY=wayland-nautrix WAYLAND_DEBUG=client
+x_display=$(sed -n 's/.*xserver listening on display \(:[0-9]*\).*/\1/p' "$E2E_DIR/weston.log")
+
+# No X server: the native Wayland platform.
+log=$E2E_DIR/native.log
+setpriv --bounding-set -sys_time --inh-caps -sys_time "$app" 2>"$log" &
+E2E_APP=$!
+E2E_PIDS+=($E2E_APP)
+e2e_wait_for 10 grep -q 'create_buffer(.*, 333, 198,' "$log" ||
+  e2e_fail "no 333 x 198 window on Wayland: $(grep -v '^\[' "$log" | head -n 5)"
+grep -q 'set_title("Nautrix")' "$log" || e2e_fail "the window is not titled Nautrix"
+grep -q 'set_app_id("org.tickplaysim.Nautrix")' "$log" || e2e_fail "the window does not carry the desktop id"
+first=$(grep -c 'wl_surface@[0-9]*\.commit' "$log")
+sleep 2.5
+frames=$(($(grep -c 'wl_surface@[0-9]*\.commit' "$log") - first))
+[ "$frames" -ge 2 ] || e2e_fail "$frames frames in 2.5 s: the device does not draw on"
+kill -0 "$E2E_APP" 2>/dev/null || e2e_fail "the program ended on Wayland"
+e2e_stop_app
+stray=$(grep -v '^\[' "$log" | grep -v '^ *$' || true)
+[ -z "$stray" ] || e2e_fail "the program printed on Wayland: $stray"
+echo "wayland: native window 333 x 198, $frames frames in 2.5 s, nothing printed"
+
+# XWayland at hand: the program takes it.
+export DISPLAY=$x_display
+log=$E2E_DIR/xwayland.log
+e2e_start_app "$app" 2>"$log"
+size=$(xwininfo -id "$E2E_WIN" | awk '/^ *Width/ {w=$2} /^ *Height/ {h=$2} END {print w "x" h}')
+[ "$size" = 333x198 ] || e2e_fail "the window on XWayland is $size"
+sleep 1
+kill -0 "$E2E_APP" 2>/dev/null || e2e_fail "the program ended on XWayland"
+e2e_stop_app
+[ ! -s "$log" ] || e2e_fail "on XWayland the program spoke Wayland or printed: $(head -n 3 "$log")"
+echo "wayland: XWayland window $size on $x_display"
+echo "wayland: 2 passed, 0 failed"
