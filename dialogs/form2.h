@@ -35,7 +35,7 @@ class Form2 {
   // (an address without its scheme).
   LinkLabel Email{"mail@nautrix.example"};
   LinkLabel Homepage{"https://nautrix.example/"};
-  LinkLabel Handbill{"tickplay.example/leaflets/nautrix"};
+  LinkLabel Handbill{"tickplay.example/leaflets/nautrix.html"};
 
   void Form_Load();
   void Command1_Click();  // OK, Enter, Esc and the frame's close
