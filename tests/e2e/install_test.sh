@@ -1,13 +1,10 @@
 #!/usr/bin/env bash
-# The simulator installed as a user installs it: `cmake --install` into a
-# fresh prefix, which is then moved elsewhere, since nothing may tie the
-# installed tree to its place. bin/ holds only the relative link to the
-# program's folder; no path of the sources is left in any installed file;
-# the desktop entry and the AppStream metadata pass the real validators; the
-# icon the entry names is there at every size; the manual page sets without a
-# warning. Then the installed program, started through its link, plays a
-# Game A whose beat is heard on the sound server: it found its wave files
-# beside itself.
+# `cmake --install` into a fresh prefix, then moved: nothing may tie the tree
+# to its place. bin/ holds only a relative link; no source path is left; the
+# desktop entry and the metadata pass the real validators; the entry's icon is
+# there at every size; the manual page sets cleanly. The installed program,
+# started through its link, plays a Game A heard at its beat: it found its
+# wave files beside itself.
 source "$(dirname "$0")/lib.sh"
 app=$1
 build=$(cd "$(dirname "$app")" && pwd)
@@ -22,8 +19,8 @@ prefix=$E2E_DIR/moved
 
 # The program's folder and its link.
 [ "$(ls -A "$prefix/bin")" = nautrix ] || e2e_fail "bin/ holds $(ls -A "$prefix/bin" | tr '\n' ' ')"
-link=$(readlink "$prefix/bin/nautrix") || e2e_fail "bin/nautrix is not a link"
-[ "${link#/}" = "$link" ] || e2e_fail "bin/nautrix points at an absolute path: $link"
+link=$(readlink "$prefix/bin/nautrix" || true)
+[ -n "$link" ] && [ "${link#/}" = "$link" ] || e2e_fail "bin/nautrix is no relative link: '$link'"
 for file in nautrix Beep0.wav Beep1.wav Beep2.wav Beep3.wav; do
   [ -f "$prefix/lib/nautrix/$file" ] || e2e_fail "lib/nautrix/$file is missing"
 done

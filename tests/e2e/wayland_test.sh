@@ -1,11 +1,9 @@
 #!/usr/bin/env bash
-# The program in a Wayland session without a screen: weston on its headless
-# back end, with XWayland. Where an X server can be reached (the session's
-# XWayland) the device window is an X11 window, as on any X desktop, and the
-# program speaks no Wayland. Where none can, the program starts on Wayland
-# itself: the compositor gets a 333 x 198 window titled "Nautrix" under the
-# program's desktop id, the device keeps drawing (the colon blinks), and
-# nothing but the protocol log reaches the terminal.
+# A Wayland session without a screen: weston's headless back end with
+# XWayland. With no X server at all the program starts on Wayland itself: a
+# 333 x 198 window "Nautrix" under the desktop id, drawn on (the colon
+# blinks), nothing printed but the protocol log. With XWayland at hand the
+# window is an X11 window and the program speaks no Wayland.
 source "$(dirname "$0")/lib.sh"
 app=$1
 
