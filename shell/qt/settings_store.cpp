@@ -143,8 +143,12 @@ void SettingsStore::Watch() {
   QObject::connect(watch_notifier_.get(), &QSocketNotifier::activated, [this] { TakeEvents(); });
 }
 
+// The notifier may be the one whose signal is being handled: it goes later.
 void SettingsStore::Unwatch() {
-  watch_notifier_.reset();
+  if (watch_notifier_) {
+    watch_notifier_->setEnabled(false);
+    watch_notifier_.release()->deleteLater();
+  }
   if (watch_ >= 0) ::close(watch_);
   watch_ = -1;
 }
