@@ -5,13 +5,13 @@ set -euo pipefail
 
 packages=(
   cmake ninja-build g++ pkg-config
-  qt6-base-dev qt6-multimedia-dev qt6-svg-dev qt6-qpa-plugins libqt6svg6
+  qt6-base-dev qt6-multimedia-dev qt6-svg-dev qt6-qpa-plugins libqt6svg6 libxcb-xkb-dev
   fonts-dejavu-core
 )
 if [ "${1:-}" = "--tests" ]; then
   packages+=(
     libgtest-dev libgmock-dev libbenchmark-dev
-    xvfb openbox xdotool x11-utils x11-xserver-utils imagemagick
+    xvfb openbox xdotool x11-utils x11-xserver-utils x11-xkb-utils imagemagick
     pulseaudio pulseaudio-utils sox util-linux procps
     desktop-file-utils appstream groff-base weston xwayland qt6-wayland
   )

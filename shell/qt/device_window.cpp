@@ -17,85 +17,7 @@ namespace {
 constexpr int kTwipsPerPixel = 15;
 constexpr int kSettleMs = 500;
 
-// Shifted symbols of the main-block digits on the usual layout: Shift makes
-// no difference to the device, so Shift+1 is still the GAME A key.
-int DigitUnderSymbol(int qt_key) {
-  switch (qt_key) {
-    case Qt::Key_Exclam: return '1';
-    case Qt::Key_At: return '2';
-    case Qt::Key_NumberSign: return '3';
-    case Qt::Key_Dollar: return '4';
-    case Qt::Key_Percent: return '5';
-    case Qt::Key_AsciiCircum: return '6';
-    case Qt::Key_Ampersand: return '7';
-    case Qt::Key_Asterisk: return '8';
-    case Qt::Key_ParenLeft: return '9';
-    case Qt::Key_ParenRight: return '0';
-    default: return 0;
-  }
-}
-
 }  // namespace
-
-int VirtualKeyCode(int qt_key, Qt::KeyboardModifiers modifiers) {
-  const bool keypad = modifiers.testFlag(Qt::KeypadModifier);
-  if (qt_key >= Qt::Key_A && qt_key <= Qt::Key_Z) return qt_key;  // 65-90
-  if (qt_key >= Qt::Key_0 && qt_key <= Qt::Key_9) {
-    return keypad ? 96 + (qt_key - Qt::Key_0) : qt_key;  // 96-105 or 48-57
-  }
-  if (qt_key >= Qt::Key_F1 && qt_key <= Qt::Key_F24) return 112 + (qt_key - Qt::Key_F1);
-  if (keypad) {
-    switch (qt_key) {
-      case Qt::Key_Asterisk: return 106;
-      case Qt::Key_Plus: return 107;
-      case Qt::Key_Minus: return 109;
-      case Qt::Key_Period: case Qt::Key_Comma: return 110;
-      case Qt::Key_Slash: return 111;
-      default: break;
-    }
-  } else if (const int digit = DigitUnderSymbol(qt_key)) {
-    return digit;
-  }
-  switch (qt_key) {
-    case Qt::Key_Backspace: return 8;
-    case Qt::Key_Tab: case Qt::Key_Backtab: return 9;
-    case Qt::Key_Return: case Qt::Key_Enter: return 13;
-    case Qt::Key_Shift: return 16;
-    case Qt::Key_Control: return 17;
-    case Qt::Key_Alt: case Qt::Key_AltGr: return 18;
-    case Qt::Key_Pause: return 19;
-    case Qt::Key_CapsLock: return 20;
-    case Qt::Key_Escape: return 27;
-    case Qt::Key_Space: return 32;
-    case Qt::Key_PageUp: return 33;
-    case Qt::Key_PageDown: return 34;
-    case Qt::Key_End: return 35;
-    case Qt::Key_Home: return 36;
-    case Qt::Key_Left: return 37;
-    case Qt::Key_Up: return 38;
-    case Qt::Key_Right: return 39;
-    case Qt::Key_Down: return 40;
-    case Qt::Key_Print: return 44;
-    case Qt::Key_Insert: return 45;
-    case Qt::Key_Delete: return 46;
-    case Qt::Key_Meta: return 91;
-    case Qt::Key_Menu: return 93;
-    case Qt::Key_NumLock: return 144;
-    case Qt::Key_ScrollLock: return 145;
-    case Qt::Key_Semicolon: case Qt::Key_Colon: return 186;
-    case Qt::Key_Equal: case Qt::Key_Plus: return 187;
-    case Qt::Key_Comma: case Qt::Key_Less: return 188;
-    case Qt::Key_Minus: case Qt::Key_Underscore: return 189;
-    case Qt::Key_Period: case Qt::Key_Greater: return 190;
-    case Qt::Key_Slash: case Qt::Key_Question: return 191;
-    case Qt::Key_QuoteLeft: case Qt::Key_AsciiTilde: return 192;
-    case Qt::Key_BracketLeft: case Qt::Key_BraceLeft: return 219;
-    case Qt::Key_Backslash: case Qt::Key_Bar: return 220;
-    case Qt::Key_BracketRight: case Qt::Key_BraceRight: return 221;
-    case Qt::Key_Apostrophe: case Qt::Key_QuoteDbl: return 222;
-    default: return 0;
-  }
-}
 
 int ShiftState(Qt::KeyboardModifiers modifiers) {
   return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) |
@@ -109,7 +31,9 @@ int ButtonCode(Qt::MouseButtons buttons) {
 }
 
 DeviceWindow::DeviceWindow(Form1& form)
-    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), form_(form) {
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
+      form_(form),
+      keys_(form, AskDetectableAutoRepeat()) {
   setFixedSize(333, 198);
   setWindowTitle(QStringLiteral("Nautrix"));
   setWindowIcon(AppIcon());
@@ -148,7 +72,13 @@ QPointF DeviceWindow::Twips(Obj o, const QPointF& global) const {
 }
 
 bool DeviceWindow::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const QEvent::Type type = event->type();
+  // A key's release held back reaches the device before a click that follows.
+  if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
+      type == QEvent::MouseButtonDblClick) {
+    keys_.Flush();
+  }
+  if (type != QEvent::ToolTip) return QWidget::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
   const QPoint client = ClientPoint(help->globalPos());
   const Obj o = form_.ObjectAt(client.x(), client.y());
@@ -229,22 +159,9 @@ void DeviceWindow::mouseReleaseEvent(QMouseEvent* event) {
   form_.MouseUp(o, button, ShiftState(event->modifiers()), xy.x(), xy.y());
 }
 
-void DeviceWindow::keyPressEvent(QKeyEvent* event) {
-  keys_down_.insert(event->nativeScanCode());
-  form_.Form_KeyDown(VirtualKeyCode(event->key(), event->modifiers()),
-                     ShiftState(event->modifiers()));
-}
+void DeviceWindow::keyPressEvent(QKeyEvent* event) { keys_.Press(*event); }
 
-void DeviceWindow::keyReleaseEvent(QKeyEvent* event) {
-  // X sends a held key's repeats as release and press pairs: dropping the
-  // releases makes a hold one press and one release.
-  if (event->isAutoRepeat()) return;
-  // A key pressed in another window (Enter on a dialog's OK, which closed
-  // it) comes up here when the focus has moved on: it is not this device's.
-  if (keys_down_.erase(event->nativeScanCode()) == 0) return;
-  form_.Form_KeyUp(VirtualKeyCode(event->key(), event->modifiers()),
-                   ShiftState(event->modifiers()));
-}
+void DeviceWindow::keyReleaseEvent(QKeyEvent* event) { keys_.Release(*event); }
 
 void DeviceWindow::moveEvent(QMoveEvent* event) {
   // A move the device did not ask for (the window manager's placement, a

@@ -7,17 +7,13 @@
 #include <QTimer>
 #include <QWidget>
 #include <memory>
-#include <set>
 
 #include "device/form1.h"
+#include "shell/qt/keyboard_route.h"
 #include "shell/qt/picture_book.h"
 
 namespace nautrix {
 
-// The device's key code of a keyboard key: letters and main-block digits keep
-// their character codes, the keypad digits have codes of their own (96-105),
-// 0 for a key the device has no code for.
-int VirtualKeyCode(int qt_key, Qt::KeyboardModifiers modifiers);
 // Shift 1, Ctrl 2, Alt 4, added.
 int ShiftState(Qt::KeyboardModifiers modifiers);
 // Left 1, right 2, middle 4, added; other buttons count nothing.
@@ -59,6 +55,7 @@ class DeviceWindow : public QWidget {
   bool TakePointer(const QMouseEvent* event);
 
   Form1& form_;
+  KeyboardRoute keys_;
   std::unique_ptr<PictureBook> book_;
   Obj captured_ = Obj::Count;
   QPoint client_pos_;
@@ -67,7 +64,6 @@ class DeviceWindow : public QWidget {
   // the device sees, so a move the window manager refused is not believed.
   QTimer settle_;
   bool unloaded_ = false;
-  std::set<quint32> keys_down_;  // scan codes of the keys pressed here and not let go
 };
 
 }  // namespace nautrix

@@ -11,9 +11,6 @@ e2e_start_audio
 e2e_start_level_monitor
 store=$(e2e_store)
 
-expect_eq() {
-  [ "$1" = "$2" ] || e2e_fail "$3: expected '$2', got '$1'"
-}
 
 # A store of an earlier run, with high scores, and no instructions at start.
 cat >"$store" <<'INI'
@@ -41,26 +38,26 @@ e2e_key Right        # minute: 12:01
 e2e_key Up           # hour: 01:01 PM
 e2e_key a            # arm the alarm; the release stores it
 sleep 0.3
-expect_eq "$(e2e_setting 'Alarm On')" "True" "Alarm On after A in alarm setting"
+e2e_expect_eq "$(e2e_setting 'Alarm On')" "True" "Alarm On after A in alarm setting"
 e2e_key t            # store the time and leave
 sleep 0.3
-expect_eq "$(e2e_setting 'Alarm Time')" "010100 PM" "Alarm Time after T"
+e2e_expect_eq "$(e2e_setting 'Alarm Time')" "010100 PM" "Alarm Time after T"
 
 # --- S toggles the sound mark and its key.
 e2e_key s
 sleep 0.3
-expect_eq "$(e2e_setting Sound)" "False" "Sound after S"
+e2e_expect_eq "$(e2e_setting Sound)" "False" "Sound after S"
 e2e_key s
 sleep 0.3
-expect_eq "$(e2e_setting Sound)" "True" "Sound after a second S"
+e2e_expect_eq "$(e2e_setting Sound)" "True" "Sound after a second S"
 
 # --- R: the ACL reset erases the high scores and the alarm.
 e2e_key r
 sleep 0.3
-expect_eq "$(e2e_setting 'Game A High Score')" "0" "Game A High Score after R"
-expect_eq "$(e2e_setting 'Game B High Score')" "0" "Game B High Score after R"
-expect_eq "$(e2e_setting 'Alarm Time')" "120000 PM" "Alarm Time after R"
-expect_eq "$(e2e_setting 'Alarm On')" "False" "Alarm On after R"
+e2e_expect_eq "$(e2e_setting 'Game A High Score')" "0" "Game A High Score after R"
+e2e_expect_eq "$(e2e_setting 'Game B High Score')" "0" "Game B High Score after R"
+e2e_expect_eq "$(e2e_setting 'Alarm Time')" "120000 PM" "Alarm Time after R"
+e2e_expect_eq "$(e2e_setting 'Alarm On')" "False" "Alarm On after R"
 e2e_key t            # leave clock setting: the device is idle again
 sleep 0.5
 

@@ -21,6 +21,11 @@ e2e_fail() {
   exit 1
 }
 
+# Fails unless $1 is $2; $3 says what was compared.
+e2e_expect_eq() {
+  [ "$1" = "$2" ] || e2e_fail "$3: expected '$2', got '$1'"
+}
+
 # Polls a command for up to $1 seconds.
 e2e_wait_for() {
   local seconds=$1
