@@ -11,7 +11,6 @@ e2e_start_audio
 e2e_start_level_monitor
 store=$(e2e_store)
 
-
 # A store of an earlier run, with high scores, and no instructions at start.
 cat >"$store" <<'INI'
 [Nautrix]
