@@ -257,7 +257,9 @@ class Form1 {
 
  private:
   Platform& platform_;
-  std::array<ObjectState, kObjectCount> objects_{};
+  // One more than the objects: Obj::Count, the sentinel of the arrays'
+  // tables, has an inert slot that is never drawn.
+  std::array<ObjectState, kObjectCount + 1> objects_{};
   Rect back_case_rect_;
   int timer1_interval_ = 50;  // Timer1's design-time interval
 };

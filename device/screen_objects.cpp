@@ -4,6 +4,7 @@
 #include "device/screen_objects.h"
 
 #include <array>
+#include <cassert>
 #include <cstddef>
 
 namespace nautrix {
@@ -128,23 +129,36 @@ constexpr std::array<ObjectInfo, kObjectCount> kObjects = {{
     {"TPLogo(1)", {119, 199, 42, 36}, false, true, "", Pic::TPLogo1},
 }};
 
+// The segments of each tentacle, root first. A cell past a tentacle's length
+// holds the sentinel Obj::Count, which names no object: an index there is a
+// fault, stopped in debug builds, and elsewhere shows nothing (Form1 keeps
+// one inert slot for it), never the back of the case over the screen.
+constexpr Obj kNoObject = Obj::Count;
 constexpr Obj kTentacles[5][5] = {
-    {Obj::Tentacle0_0, Obj::Tentacle0_1, Obj::Tentacle0_2},
-    {Obj::Tentacle1_0, Obj::Tentacle1_1, Obj::Tentacle1_2, Obj::Tentacle1_3},
+    {Obj::Tentacle0_0, Obj::Tentacle0_1, Obj::Tentacle0_2, kNoObject, kNoObject},
+    {Obj::Tentacle1_0, Obj::Tentacle1_1, Obj::Tentacle1_2, Obj::Tentacle1_3, kNoObject},
     {Obj::Tentacle2_0, Obj::Tentacle2_1, Obj::Tentacle2_2, Obj::Tentacle2_3, Obj::Tentacle2_4},
-    {Obj::Tentacle3_0, Obj::Tentacle3_1, Obj::Tentacle3_2, Obj::Tentacle3_3},
-    {Obj::Tentacle4_0, Obj::Tentacle4_1, Obj::Tentacle4_2},
+    {Obj::Tentacle3_0, Obj::Tentacle3_1, Obj::Tentacle3_2, Obj::Tentacle3_3, kNoObject},
+    {Obj::Tentacle4_0, Obj::Tentacle4_1, Obj::Tentacle4_2, kNoObject, kNoObject},
 };
 
 constexpr Obj kDiverSteps[6] = {Obj::DiverStep0, Obj::DiverStep1, Obj::DiverStep2,
                                 Obj::DiverStep3, Obj::DiverStep4, Obj::DiverStep5};
 
+// An object looked up in a table; the sentinel stops a debug build.
+Obj Checked(Obj o) {
+  assert(o != kNoObject && "an index past the objects of an array");
+  return o;
+}
+
 }  // namespace
 
 const ObjectInfo& Info(Obj o) { return kObjects[static_cast<std::size_t>(o)]; }
 
-Obj Tentacle(int t, int k) { return kTentacles[t][k]; }
+Obj Tentacle(int t, int k) {
+  return Checked(t >= 0 && t < 5 && k >= 0 && k < 5 ? kTentacles[t][k] : kNoObject);
+}
 
-Obj DiverStep(int p) { return kDiverSteps[p]; }
+Obj DiverStep(int p) { return Checked(p >= 0 && p < 6 ? kDiverSteps[p] : kNoObject); }
 
 }  // namespace nautrix

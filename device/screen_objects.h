@@ -95,7 +95,9 @@ inline int Index(Obj o) { return static_cast<int>(o); }
 inline bool InClientArea(Obj o) { return Index(o) < kClientObjectCount; }
 
 // Array items, addressed as the device addresses them: Tentacle(2, 3) is
-// Tentacle2(3), Diver(17) is Diver(17).
+// Tentacle2(3), Diver(17) is Diver(17). A segment past its tentacle's length
+// and a diver step outside 0 to 5 are Obj::Count, no object: a debug build
+// stops there, and elsewhere it shows nothing.
 Obj Tentacle(int t, int k);
 inline Obj Number(int d) { return static_cast<Obj>(Index(Obj::Number0) + d); }
 inline Obj Diver(int n) { return static_cast<Obj>(Index(Obj::Diver0) + n); }
