@@ -23,7 +23,7 @@ hold() {
 
 for rate in "660 25" "200 60"; do
   xset r rate $rate
-  printf '[Nautrix]\nGame%%20A%%20High%%20Score=7\n' >"$store"
+  printf '[Nautrix]\nAuto%%20Show=True\nGame%%20A%%20High%%20Score=7\n' >"$store"
   e2e_start_app "$app"
   xdotool windowactivate --sync "$E2E_WIN" >/dev/null 2>&1 || true
   sleep 0.5

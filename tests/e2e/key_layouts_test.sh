@@ -10,6 +10,7 @@ source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
 readout=(149 52 57 13)  # the four digits, the colon and AM/PM
+printf '[Nautrix]\nAuto%%20Show=True\n' >"$(e2e_store)"  # no instructions at start
 
 layout() {
   setxkbmap "$1"
