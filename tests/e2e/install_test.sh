@@ -30,8 +30,10 @@ baked=$(grep -rlF "$sources" "$prefix" || true)
 # The desktop entry, the metadata, the icons and the manual page.
 entry=$prefix/share/applications/$app_id.desktop
 desktop-file-validate "$entry" || e2e_fail "desktop-file-validate rejects $entry"
-appstreamcli validate --no-net "$prefix/share/metainfo/$app_id.metainfo.xml" >"$E2E_DIR/appstream.out" ||
+# The metadata, and the desktop entry it launches, as the tree holds them.
+appstreamcli validate-tree --no-net "$prefix" >"$E2E_DIR/appstream.out" ||
   e2e_fail "appstreamcli rejects the metadata: $(cat "$E2E_DIR/appstream.out")"
+grep -q "^$app_id.metainfo.xml" "$E2E_DIR/appstream.out" || e2e_fail "appstreamcli found no metadata"
 icon=$(sed -n 's/^Icon=//p' "$entry")
 for size in 16 22 24 32 48 64 128 256; do
   png=$prefix/share/icons/hicolor/${size}x${size}/apps/$icon.png
