@@ -136,9 +136,10 @@ e2e_stop_app() {
   wait "$E2E_APP" 2>/dev/null || true
 }
 
-# The client area's position on the screen, "x y".
+# The client area's position on the screen, "x y", of the device window or
+# of the window $1.
 e2e_window_position() {
-  xwininfo -id "$E2E_WIN" | awk '/Absolute upper-left X/ {x=$NF} /Absolute upper-left Y/ {y=$NF} END {print x, y}'
+  xwininfo -id "${1:-$E2E_WIN}" | awk '/Absolute upper-left X/ {x=$NF} /Absolute upper-left Y/ {y=$NF} END {print x, y}'
 }
 
 # A value of the store file, or "<missing>".

@@ -8,15 +8,11 @@ app=$1
 e2e_setup
 store=$(e2e_store)
 
-expect_eq() {
-  [ "$1" = "$2" ] || e2e_fail "$3: expected '$2', got '$1'"
-}
-
 # --- An empty store: the first run.
 e2e_start_app "$app"
 e2e_wait_for 2 test -s "$store" || e2e_fail "no store file after start"
 for _ in $(seq 20); do [ "$(e2e_window_position)" = "0 0" ] && break; sleep 0.1; done
-expect_eq "$(e2e_window_position)" "0 0" "window position of a first run"
+e2e_expect_eq "$(e2e_window_position)" "0 0" "window position of a first run"
 expected_keys="Alarm On
 Alarm Time
 Always on Top
@@ -29,18 +25,18 @@ Game B Speed
 Left
 Sound
 Top"
-expect_eq "$(e2e_store_keys)" "$expected_keys" "keys of a first run"
-expect_eq "$(e2e_setting Sound)" "True" "Sound"
-expect_eq "$(e2e_setting 'Game A Speed')" "220" "Game A Speed"
-expect_eq "$(e2e_setting 'Alarm Time')" "120000 PM" "Alarm Time"
-expect_eq "$(e2e_setting Left)" "-45" "Left"
-expect_eq "$(e2e_setting Top)" "-330" "Top"
+e2e_expect_eq "$(e2e_store_keys)" "$expected_keys" "keys of a first run"
+e2e_expect_eq "$(e2e_setting Sound)" "True" "Sound"
+e2e_expect_eq "$(e2e_setting 'Game A Speed')" "220" "Game A Speed"
+e2e_expect_eq "$(e2e_setting 'Alarm Time')" "120000 PM" "Alarm Time"
+e2e_expect_eq "$(e2e_setting Left)" "-45" "Left"
+e2e_expect_eq "$(e2e_setting Top)" "-330" "Top"
 
 # Shut-down writes nothing.
 before=$(md5sum "$store")
 sleep 1
 e2e_stop_app TERM
-expect_eq "$(md5sum "$store")" "$before" "store after shut-down"
+e2e_expect_eq "$(md5sum "$store")" "$before" "store after shut-down"
 
 # --- A store with "Seconds", some keys deleted, "Alarm Time" without "Alarm On".
 sed -i -e '/^Game%20B%20Speed=/d' -e '/^Alarm%20On=/d' -e '/^Auto%20Show=/d' "$store"
@@ -49,11 +45,11 @@ printf 'Seconds=True\n' >>"$store"
 e2e_start_app "$app"
 e2e_wait_for 3 sh -c "grep -q '^Auto%20Show=' '$store'" || e2e_fail "Auto Show not repaired"
 sleep 0.5
-expect_eq "$(e2e_setting Seconds)" "<missing>" "Seconds after start"
-expect_eq "$(e2e_setting 'Game B Speed')" "170" "repaired Game B Speed"
-expect_eq "$(e2e_setting 'Game A Speed')" "150" "kept Game A Speed"
-expect_eq "$(e2e_setting 'Alarm Time')" "063000 AM" "kept Alarm Time"
-expect_eq "$(e2e_setting 'Alarm On')" "<missing>" "Alarm On without repair"
+e2e_expect_eq "$(e2e_setting Seconds)" "<missing>" "Seconds after start"
+e2e_expect_eq "$(e2e_setting 'Game B Speed')" "170" "repaired Game B Speed"
+e2e_expect_eq "$(e2e_setting 'Game A Speed')" "150" "kept Game A Speed"
+e2e_expect_eq "$(e2e_setting 'Alarm Time')" "063000 AM" "kept Alarm Time"
+e2e_expect_eq "$(e2e_setting 'Alarm On')" "<missing>" "Alarm On without repair"
 
 # --- A program killed outright has lost nothing it wrote.
 e2e_stop_app KILL
@@ -61,7 +57,7 @@ rm -f "$store"
 e2e_start_app "$app"
 e2e_wait_for 3 sh -c "grep -q '^Auto%20Show=' '$store'" || e2e_fail "first-run keys not written"
 e2e_stop_app KILL
-expect_eq "$(e2e_store_keys)" "$expected_keys" "keys after SIGKILL"
+e2e_expect_eq "$(e2e_store_keys)" "$expected_keys" "keys after SIGKILL"
 
 # --- Junk in a hand-edited store: the program comes up and keeps running.
 cat >"$store" <<'INI'
@@ -82,7 +78,7 @@ INI
 e2e_start_app "$app"
 sleep 2
 kill -0 "$E2E_APP" || e2e_fail "the program ended on a junk store"
-expect_eq "$(e2e_window_position)" "0 0" "window position from a junk Left"
+e2e_expect_eq "$(e2e_window_position)" "0 0" "window position from a junk Left"
 e2e_key 1
 sleep 0.5
 kill -0 "$E2E_APP" || e2e_fail "the program ended on GAME A with a junk store"

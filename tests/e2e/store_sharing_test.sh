@@ -12,7 +12,6 @@ e2e_setup
 store=$(e2e_store)
 note=(209 56 9 8) baby=(221 51 23 24)
 
-expect_eq() { [ "$1" = "$2" ] || e2e_fail "$3: expected '$2', got '$1'"; }
 
 # Starts copy $1 (of the program, or of $2) and waits for its own window;
 # sets ${1}_PID and ${1}_WIN. keys, region and stop act on copy $1.
@@ -46,17 +45,17 @@ xdotool windowmove --sync "$B_WIN" 400 300
 sleep 0.5
 lit_note=$(region A "${note[@]}")
 keys A a Right Right t
-expect_eq "$(e2e_setting 'Alarm Time')" "120200 PM" "Alarm Time stored by A"
+e2e_expect_eq "$(e2e_setting 'Alarm Time')" "120200 PM" "Alarm Time stored by A"
 keys B a Right t
-expect_eq "$(e2e_setting 'Alarm Time')" "120300 PM" "Alarm Time stepped by B from A's"
+e2e_expect_eq "$(e2e_setting 'Alarm Time')" "120300 PM" "Alarm Time stepped by B from A's"
 keys B r
 dark_note=$(region B "${note[@]}")
 [ "$dark_note" != "$lit_note" ] || e2e_fail "B's note is still lit after its reset"
-expect_eq "$(region A "${note[@]}")" "$dark_note" "A's note after B's reset"
+e2e_expect_eq "$(region A "${note[@]}")" "$dark_note" "A's note after B's reset"
 # A arms the alarm at 12:00 AM; B's clock, at 12:00 AM from the reset, runs
 # as B leaves clock setting.
 keys A a Up Up Up Up Up Up Up Up Up Up Up Up a t
-expect_eq "$(e2e_setting 'Alarm Time')/$(e2e_setting 'Alarm On')" "120000 AM/True" "alarm stored by A"
+e2e_expect_eq "$(e2e_setting 'Alarm Time')/$(e2e_setting 'Alarm On')" "120000 AM/True" "alarm stored by A"
 quiet=$(region B "${baby[@]}")
 keys B t
 b_rings() { [ "$(region B "${baby[@]}")" != "$quiet" ]; }
@@ -71,7 +70,7 @@ whole() {
 for turn in 1 2 3 4 5 6; do
   for c in A B; do  # both started with the sound off: they flip it in step
     keys $c s
-    expect_eq "$(e2e_setting Sound)" "$( ((turn % 2)) && echo True || echo False)" "Sound after S in $c"
+    e2e_expect_eq "$(e2e_setting Sound)" "$( ((turn % 2)) && echo True || echo False)" "Sound after S in $c"
     whole "S in $c, turn $turn"
   done
 done
@@ -122,7 +121,7 @@ for wall in read-only full; do
   dark=$(region W "${note[@]}")
   keys W a a t
   [ "$(region W "${note[@]}")" != "$dark" ] || e2e_fail "$wall: no note after arming the alarm"
-  expect_eq "$(md5sum <"/proc/$W_PID/root$store")" "$original" "$wall: the store file"
+  e2e_expect_eq "$(md5sum <"/proc/$W_PID/root$store")" "$original" "$wall: the store file"
   stop W
   [ ! -s "$E2E_DIR/stderr-$wall" ] || e2e_fail "$wall: the program printed: $(cat "$E2E_DIR/stderr-$wall")"
 done

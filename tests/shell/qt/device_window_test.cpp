@@ -2,8 +2,6 @@
 // frameless window at its stored position in twips, repaints and tooltips of
 // what changed, the pointer held by the pressed object, the keyboard's codes,
 // Timer1 and the device's own clock.
-#include <gtest/gtest.h>
-
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -12,9 +10,7 @@
 #include <QTimer>
 #include <QToolTip>
 
-#include "shell/qt/device_window.h"
-#include "shell/qt/qt_platform.h"
-#include "tests/shell/qt/qt_test_app.h"
+#include "tests/shell/qt/desktop_test.h"
 
 namespace nautrix {
 namespace {
@@ -33,21 +29,13 @@ struct PaintRecorder : QObject {
   }
 };
 
-class DeviceWindowTest : public ::testing::Test {
+class DeviceWindowTest : public DesktopTest {
  protected:
-  QTemporaryDir dir;
-  ScopedStoreFolder folder{dir.path()};
-  QtPlatform platform{false};
-  Form1 form{platform};
-  DeviceWindow window{form};
-
   void SetUp() override {
-    platform.Attach(form, window);
     // An earlier run left the client area at (100, 100).
     platform.SaveSetting(kStoreApp, kStoreSection, "Left", "1455");
     platform.SaveSetting(kStoreApp, kStoreSection, "Top", "1170");
-    platform.SaveSetting(kStoreApp, kStoreSection, "Auto Show", "True");
-    form.Form_Load();
+    DesktopTest::SetUp();
   }
   // A pointer event as the desktop sends it, at a client point.
   void Mouse(QEvent::Type type, QPoint at, Qt::MouseButtons held, Qt::MouseButton button = {}) {

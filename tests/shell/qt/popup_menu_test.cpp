@@ -2,34 +2,17 @@
 // their order with their captions, mnemonics and the device's marks, chosen
 // by a mnemonic; Always on Top restacks the device window without making a
 // new one or showing a hidden one.
-#include <gtest/gtest.h>
-
 #include <QKeyEvent>
 #include <QMenu>
 #include <QTimer>
 #include <QWindow>
 
-#include "shell/qt/device_window.h"
-#include "shell/qt/qt_platform.h"
-#include "tests/shell/qt/qt_test_app.h"
+#include "tests/shell/qt/desktop_test.h"
 
 namespace nautrix {
 namespace {
 
-class PopupMenuTest : public ::testing::Test {
- protected:
-  QTemporaryDir dir;
-  ScopedStoreFolder folder{dir.path()};
-  QtPlatform platform{false};
-  Form1 form{platform};
-  DeviceWindow window{form};
-
-  void SetUp() override {
-    platform.Attach(form, window);
-    platform.SaveSetting(kStoreApp, kStoreSection, "Auto Show", "False");
-    form.Form_Load();
-  }
-};
+using PopupMenuTest = DesktopTest;
 
 // Each item as "caption", then "[x]" or "[ ]" for a check mark and "off" when
 // it cannot be chosen; "-" for a separator.
