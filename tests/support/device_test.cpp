@@ -1,5 +1,6 @@
 #include "tests/support/device_test.h"
 
+#include <algorithm>
 #include <sstream>
 
 namespace nautrix {
@@ -31,6 +32,25 @@ std::string InvariantViolations(const Form1& f) {
   NAUTRIX_HOLDS(f.LastSecond <= 59 && f.RepeatDelay <= 3);
   NAUTRIX_HOLDS(f.PressedKey >= -1 && f.PressedKey <= 8);
   NAUTRIX_HOLDS(f.GameMode <= 2 && f.AlarmSetting <= 2 && f.ClockSetting <= 1);
+  NAUTRIX_HOLDS(!f.Playing || f.Timer1Interval() > 0);
+  int walkers = 0;
+  for (int p = 1; p <= 5; ++p) walkers += f.IsVisible(DiverStep(p));
+  NAUTRIX_HOLDS(walkers <= 1);
+  // The readout: every lit digit is a digit, and a time is a time of the
+  // 12-hour clock.
+  int digits[4];
+  const Obj places[] = {HourDigit(0), HourDigit(1), MinuteDigit(0), MinuteDigit(1)};
+  for (int i = 0; i < 4; ++i) {
+    digits[i] = -1;
+    for (int d = 0; d <= 9; ++d) {
+      if (f.IsVisible(places[i]) && f.SamePicture(places[i], Number(d))) digits[i] = d;
+    }
+    NAUTRIX_HOLDS(!f.IsVisible(places[i]) || digits[i] >= 0);
+  }
+  if (!f.ScoreShown && f.IsVisible(Obj::am) != f.IsVisible(Obj::pm)) {
+    const int hour = std::max(digits[0], 0) * 10 + digits[1];
+    NAUTRIX_HOLDS(hour >= 1 && hour <= 12 && digits[2] >= 0 && digits[2] <= 5);
+  }
   return out.str();
 }
 
