@@ -1,0 +1,128 @@
+#!/usr/bin/env bash
+# What the idle device costs against the floor, the least a Qt program that
+# shows this clock can do (bench/floor_window.cpp). Both run in turn in one
+# private X server with a window manager and a private audio server, from a
+# full store (no first-run leaflet). For each: the time from the start to the
+# first frame on the X server, the CPU time of all its threads over 20 s of
+# the idle clock screen after 2 s of start-up, and the peak resident memory
+# (VmHWM) at the end. The two start STARTS times in turn for the first frame
+# and run ROUNDS times in turn on the idle screen; the medians and their
+# ratios are printed.
+#
+#   bench/idle_vs_floor.sh [BUILD_DIR]      (STARTS=9, ROUNDS=3 by default)
+#
+# The CPU time is each thread's run time in nanoseconds
+# (/proc/PID/task/*/schedstat): /proc/PID/stat counts in 10 ms steps, a few
+# steps in 20 s of idle. It is the program's own, whatever else the machine
+# runs; the first frame is wall time, and the load average is printed with it.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+build=$(cd "${1:-$root/build}" && pwd)
+rounds=${ROUNDS:-3}
+starts=${STARTS:-9}
+idle_seconds=20
+startup_seconds=2
+
+cmake --build "$build" --target nautrix nautrix_floor nautrix_first_frame >/dev/null
+device=$build/nautrix
+floor=$build/bench/nautrix_floor
+launcher=$build/bench/nautrix_first_frame
+
+source "$root/tests/e2e/lib.sh"
+e2e_setup
+e2e_start_audio
+cat >"$(e2e_store)" <<'EOF'
+[Nautrix]
+Sound=True
+Left=4455
+Top=2670
+Diver%20Speed=300
+Game%20A%20Speed=220
+Game%20B%20Speed=170
+Game%20A%20High%20Score=0
+Game%20B%20High%20Score=0
+Alarm%20Time=120000 PM
+Alarm%20On=False
+Always%20on%20Top=False
+Auto%20Show=True
+EOF
+
+cpu_ns() { cat /proc/"$1"/task/*/schedstat 2>/dev/null | awk '{s += $1} END {printf "%d\n", s}'; }
+now_ns() { echo $((${EPOCHREALTIME/./} * 1000)); }
+
+lines_at_least() { [ "$(wc -l <"$2")" -ge "$1" ]; }
+
+# Starts a program and waits for its PID; the launcher is $launch_pid.
+launch() {
+  launch_out=$E2E_DIR/launch.out
+  : >"$launch_out"
+  "$launcher" 333x198 setpriv --bounding-set -sys_time --inh-caps -sys_time "$1" >"$launch_out" &
+  launch_pid=$!
+  e2e_wait_for 5 test -s "$launch_out" || e2e_fail "$1 did not start"
+  app_pid=$(head -n1 "$launch_out")
+}
+
+stop() {
+  kill "$app_pid"
+  wait "$launch_pid" || true
+}
+
+# A start of a program: "first-frame-ms cpu-ms-by-then".
+measure_start() {
+  launch "$1"
+  e2e_wait_for 35 lines_at_least 3 "$launch_out" || e2e_fail "no first frame from $1"
+  stop
+  local frame cpu
+  frame=$(sed -n 2p "$launch_out") cpu=$(sed -n 3p "$launch_out")
+  [ "$frame" -ge 0 ] || e2e_fail "no first frame from $1"
+  echo "$frame $cpu"
+}
+
+# The idle screen after the start: "idle-cpu-percent peak-rss-kB".
+measure_idle() {
+  launch "$1"
+  sleep "$startup_seconds"
+  kill -0 "$app_pid" 2>/dev/null || e2e_fail "$1 ended at start"
+  local cpu0 t0 cpu1 t1 hwm
+  cpu0=$(cpu_ns "$app_pid") t0=$(now_ns)
+  sleep "$idle_seconds"
+  cpu1=$(cpu_ns "$app_pid") t1=$(now_ns)
+  hwm=$(awk '/^VmHWM:/ {print $2}' /proc/"$app_pid"/status)
+  stop
+  awk -v c=$((cpu1 - cpu0)) -v t=$((t1 - t0)) -v m="$hwm" 'BEGIN {printf "%.4f %d\n", 100 * c / t, m}'
+}
+
+median() { sort -g | awk '{v[NR] = $1} END {print (NR % 2) ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2}'; }
+
+echo "load average before: $(cut -d' ' -f1-3 /proc/loadavg) ($(nproc) cores)"
+for name in floor device; do
+  : >"$E2E_DIR/$name.start"
+  : >"$E2E_DIR/$name.idle"
+done
+for ((run = 1; run <= starts; run++)); do
+  measure_start "$floor" >>"$E2E_DIR/floor.start"
+  measure_start "$device" >>"$E2E_DIR/device.start"
+done
+printf 'first frame ms, CPU ms by then, floor: %s\n' "$(tr '\n' ' ' <"$E2E_DIR/floor.start")"
+printf 'first frame ms, CPU ms by then, device: %s\n' "$(tr '\n' ' ' <"$E2E_DIR/device.start")"
+for ((round = 1; round <= rounds; round++)); do
+  measure_idle "$floor" >>"$E2E_DIR/floor.idle"
+  measure_idle "$device" >>"$E2E_DIR/device.idle"
+  printf 'idle round %d: floor %s, device %s (CPU %% of a core, peak RSS kB)\n' "$round" \
+    "$(tail -n1 "$E2E_DIR/floor.idle")" "$(tail -n1 "$E2E_DIR/device.idle")"
+done
+echo "load average after: $(cut -d' ' -f1-3 /proc/loadavg)"
+
+column_median() { awk -v c="$2" '{print $c}' "$E2E_DIR/$1" | median; }
+ff=$(column_median floor.start 1) df=$(column_median device.start 1)
+fs=$(column_median floor.start 2) ds=$(column_median device.start 2)
+fc=$(column_median floor.idle 1) dc=$(column_median device.idle 1)
+fm=$(column_median floor.idle 2) dm=$(column_median device.idle 2)
+awk -v ff="$ff" -v df="$df" -v fs="$fs" -v ds="$ds" -v fc="$fc" -v dc="$dc" -v fm="$fm" -v dm="$dm" \
+  -v starts="$starts" -v rounds="$rounds" 'BEGIN {
+  printf "medians (%d starts, %d idle rounds)     floor    device\n", starts, rounds
+  printf "idle CPU, %% of a core            %9.3f %9.3f   ratio %.2f\n", fc, dc, dc / fc
+  printf "peak RSS, MB                     %9.1f %9.1f   difference %+.1f MB\n", fm / 1024, dm / 1024, (dm - fm) / 1024
+  printf "start to first frame, ms         %9d %9d   ratio %.2f\n", ff, df, df / ff
+  printf "CPU to the first frame, ms       %9.1f %9.1f   ratio %.2f\n", fs, ds, ds / fs
+}'
