@@ -184,3 +184,68 @@ e2e_level() {
 
 # True when the last $1 seconds were silent.
 e2e_silent() { awk -v l="$(e2e_level "$1")" 'BEGIN {exit !(l < 0.001)}'; }
+
+# A store of an earlier run ("Auto Show" there: no instructions at start),
+# the client area at the screen's top left corner.
+e2e_write_store() {
+  cat >"$(e2e_store)" <<'INI'
+[Nautrix]
+Sound=True
+Left=-45
+Top=-330
+Diver%20Speed=300
+Game%20A%20Speed=220
+Game%20B%20Speed=170
+Game%20A%20High%20Score=0
+Game%20B%20High%20Score=0
+Alarm%20Time=120000 PM
+Alarm%20On=False
+Always%20on%20Top=False
+Auto%20Show=True
+INI
+}
+
+# An X11 system tray at the bottom right of the screen; E2E_TRAY is its PID.
+e2e_start_tray() {
+  trayer --edge bottom --align right --widthtype pixel --width 100 \
+    --heighttype pixel --height 24 >/dev/null 2>&1 &
+  E2E_TRAY=$!
+  E2E_PIDS+=($E2E_TRAY)
+}
+
+# The program's icon docked in the tray: a small window of its PID in the
+# tray's strip. Prints its window and centre, "id x y"; fails with no icon.
+e2e_tray_icon() {
+  local w WINDOW X Y WIDTH HEIGHT SCREEN
+  for w in $(xdotool search --onlyvisible --all --pid "$E2E_APP" 2>/dev/null); do
+    eval "$(xdotool getwindowgeometry --shell "$w" 2>/dev/null)" || continue
+    if [ "$Y" -ge 700 ] && [ "$WIDTH" -le 24 ] && [ "$HEIGHT" -le 24 ]; then
+      echo "$w $((X + WIDTH / 2)) $((Y + HEIGHT / 2))"
+      return 0
+    fi
+  done
+  return 1
+}
+
+# Moves the pointer to a screen point ($1 $2) and waits until it is there;
+# xdotool's own wait never ends when the pointer is there already.
+e2e_pointer_to() {
+  local X Y SCREEN WINDOW
+  eval "$(xdotool getmouselocation --shell)"
+  [ "$X $Y" = "$1 $2" ] || xdotool mousemove --sync "$1" "$2"
+}
+
+# True while the device window is on the screen.
+e2e_window_shown() { xdotool search --onlyvisible --name '^Nautrix$' >/dev/null 2>&1; }
+
+# True while a popup of the program is open: a visible window of its PID
+# that is neither the device window nor a small tray icon.
+e2e_menu_open() {
+  local w WINDOW X Y WIDTH HEIGHT SCREEN
+  for w in $(xdotool search --onlyvisible --all --pid "$E2E_APP" 2>/dev/null); do
+    [ "$w" = "$E2E_WIN" ] && continue
+    eval "$(xdotool getwindowgeometry --shell "$w" 2>/dev/null)" || continue
+    [ "$WIDTH" -gt 24 ] && return 0
+  done
+  return 1
+}

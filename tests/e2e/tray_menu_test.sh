@@ -1,0 +1,112 @@
+#!/usr/bin/env bash
+# The tray and the popup menu as a user meets them, in a real X server with a
+# real X11 tray: with no tray "&Hide" cannot be chosen, a tray that comes
+# later gets the icon; a double click on the icon hides and shows the device;
+# a right click on the case and Enter open the menu, whose letters choose;
+# Always on Top restacks the one window, also across hiding; the tray
+# restarting gets the icon back, a tray gone for good brings the window back;
+# the alarm brings a hidden window back; "&Exit" ends with status 0 and leaves
+# the store as it was.
+source "$(dirname "$0")/lib.sh"
+app=$1
+e2e_setup
+store=$(e2e_store)
+e2e_write_store
+e2e_start_app "$app"
+
+double_click_icon() {
+  local icon
+  icon=($(e2e_tray_icon)) || e2e_fail "no icon in the tray"
+  e2e_pointer_to "${icon[1]}" "${icon[2]}"
+  xdotool click --repeat 2 --delay 80 1
+}
+right_click_icon() {
+  local icon
+  icon=($(e2e_tray_icon)) || e2e_fail "no icon in the tray"
+  e2e_pointer_to "${icon[1]}" "${icon[2]}"
+  xdotool click 3
+}
+# Opens the menu by Enter and chooses an item by its letter.
+menu_enter() {
+  e2e_key Return
+  e2e_wait_for 3 e2e_menu_open || e2e_fail "Enter opened no menu"
+  xdotool key "$1"
+}
+hidden() { ! e2e_window_shown; }
+on_top() { xprop -id "$E2E_WIN" _NET_WM_STATE | grep -q _NET_WM_STATE_ABOVE; }
+
+# --- No tray: "&Hide" cannot be chosen. A tray that comes later gets the icon.
+menu_enter h
+sleep 0.3
+e2e_window_shown || e2e_fail "the window hid with no tray to come back from"
+xdotool key Escape
+e2e_wait_for 3 eval '! e2e_menu_open' || e2e_fail "Escape did not close the menu"
+e2e_start_tray
+e2e_wait_for 5 e2e_tray_icon || e2e_fail "no icon in a tray that came after start-up"
+
+# --- A double click on the icon hides the device, a second shows it.
+double_click_icon
+e2e_wait_for 3 hidden || e2e_fail "a double click on the icon did not hide the window"
+double_click_icon
+e2e_wait_for 3 e2e_window_shown || e2e_fail "a second double click did not show the window"
+
+# --- A right click on the case opens the menu; T sets Always on Top on the
+#     same window, S turns the sound off; both are stored at once.
+e2e_pointer_to 200 180
+xdotool click 3
+e2e_wait_for 3 e2e_menu_open || e2e_fail "a right click on the case opened no menu"
+xdotool key t
+e2e_wait_for 3 on_top || e2e_fail "Always on Top did not reach the window manager"
+[ "$(xdotool search --onlyvisible --name '^Nautrix$')" = "$E2E_WIN" ] ||
+  e2e_fail "Always on Top made a new window"
+menu_enter s
+e2e_wait_for 3 sh -c "grep -q '^Sound=False' '$store'" || e2e_fail "Sound not stored"
+grep -q '^Always%20on%20Top=True' "$store" || e2e_fail "Always on Top not stored"
+
+# --- H from Enter's menu hides the window; it comes back from the tray's
+#     menu, still on top.
+menu_enter h
+e2e_wait_for 3 hidden || e2e_fail "Hide from the menu did not hide the window"
+right_click_icon
+e2e_wait_for 3 e2e_menu_open || e2e_fail "a right click on the icon opened no menu"
+xdotool key h
+e2e_wait_for 3 e2e_window_shown || e2e_fail "Hide from the tray's menu did not show the window"
+# Qt gives a window whose stacking changed a new X window at its next show.
+E2E_WIN=$(xdotool search --onlyvisible --name '^Nautrix$' | head -n1)
+on_top || e2e_fail "the window lost Always on Top across hiding"
+[ "$(e2e_window_position)" = "0 0" ] || e2e_fail "the window moved across hiding"
+
+# --- The tray restarts: the icon is back and works. A tray gone for good
+#     brings the hidden window back.
+kill "$E2E_TRAY"
+e2e_start_tray
+e2e_wait_for 5 e2e_tray_icon || e2e_fail "no icon after the tray restarted"
+double_click_icon
+e2e_wait_for 3 hidden || e2e_fail "the icon in the restarted tray did not hide the window"
+kill "$E2E_TRAY"
+e2e_wait_for 6 e2e_window_shown || e2e_fail "the window stayed hidden with no tray"
+e2e_start_tray
+e2e_wait_for 5 e2e_tray_icon || e2e_fail "no icon in the tray started again"
+
+# --- The alarm brings the hidden window back. The device's clock goes to
+#     12:00 PM, the alarm at 12:00 PM is armed, and the back of the device
+#     holds the tick still until the window is hidden.
+e2e_key r
+e2e_key Left Left Left Left Left Left Left Left Left Left Left Left
+e2e_key t a a b t
+sleep 0.3
+grep -q '^Alarm%20On=True' "$store" || e2e_fail "the alarm was not armed"
+double_click_icon
+e2e_wait_for 3 hidden || e2e_fail "the window did not hide for the alarm"
+right_click_icon
+e2e_wait_for 3 e2e_menu_open || e2e_fail "no menu from the icon for the front"
+xdotool key b
+e2e_wait_for 3 e2e_window_shown || e2e_fail "the ringing alarm did not bring the window back"
+
+# --- Exit: status 0, the icon gone, the store untouched.
+before=$(md5sum "$store")
+menu_enter e
+status=0
+wait "$E2E_APP" || status=$?
+[ "$status" -eq 0 ] || e2e_fail "Exit ended the program with status $status"
+[ "$(md5sum "$store")" = "$before" ] || e2e_fail "Exit wrote the store"
