@@ -16,6 +16,9 @@ struct ClockTime {
   int second = 0;  // 0 to 59
 };
 
+// Window positions are twips, the pointer and the screen objects pixels.
+inline constexpr int kTwipsPerPixel = 15;
+
 struct Point {
   int x = 0;
   int y = 0;

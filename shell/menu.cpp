@@ -7,9 +7,6 @@
 #include "device/text.h"
 
 namespace nautrix {
-namespace {
-constexpr float kTwipsPerPixel = 15.0f;  // of the screen the tray reports on
-}  // namespace
 
 void Form1::OpenPopupMenu() { platform_.OpenPopupMenu(); }
 
@@ -18,7 +15,7 @@ void Form1::OpenPopupMenu() { platform_.OpenPopupMenu(); }
 // that come while the menu is open are dropped. An X beyond every message
 // number is no message.
 void Form1::Form_MouseMove(int /*Button*/, int /*Shift*/, float X, float /*Y*/) {
-  const float pixels = X / kTwipsPerPixel;
+  const float pixels = X / static_cast<float>(kTwipsPerPixel);
   TrayMessage = std::fabs(pixels) < 1e9f ? static_cast<int32_t>(std::lround(pixels)) : 0;
   if (TrayBusy) return;
   TrayBusy = true;

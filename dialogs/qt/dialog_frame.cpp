@@ -3,11 +3,11 @@
 #include <QApplication>
 #include <QWindow>
 
+#include "device/platform.h"
 
 namespace nautrix {
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 constexpr qreal kDesignPoints = 8.25;
 constexpr qreal kSmallestPoints = 6.5;
 

@@ -14,7 +14,6 @@
 namespace nautrix {
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 constexpr int kSettleMs = 500;
 
 }  // namespace

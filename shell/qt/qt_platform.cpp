@@ -20,7 +20,6 @@
 namespace nautrix {
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 constexpr int kFrameLeftTwips = 45;   // the client area lies this far inside the
 constexpr int kFrameTopTwips = 330;   // outer corner of the window
 constexpr int kDayMs = 24 * 3600 * 1000;

@@ -5,7 +5,6 @@
 namespace nautrix {
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
 constexpr int kLeftDoubleClick = 515;
 constexpr int kRightRelease = 517;
 constexpr int kWatchMs = 1000;

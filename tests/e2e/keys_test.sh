@@ -12,21 +12,9 @@ e2e_start_level_monitor
 store=$(e2e_store)
 
 # A store of an earlier run, with high scores, and no instructions at start.
-cat >"$store" <<'INI'
-[Nautrix]
-Sound=True
-Left=-45
-Top=-330
-Diver%20Speed=300
-Game%20A%20Speed=220
-Game%20B%20Speed=170
-Game%20A%20High%20Score=7
-Game%20B%20High%20Score=12
-Alarm%20Time=120000 PM
-Alarm%20On=False
-Always%20on%20Top=False
-Auto%20Show=True
-INI
+e2e_write_store
+sed -i -e 's/^Game%20A%20High%20Score=.*/Game%20A%20High%20Score=7/' \
+  -e 's/^Game%20B%20High%20Score=.*/Game%20B%20High%20Score=12/' "$store"
 
 e2e_start_app "$app"
 sleep 1

@@ -33,6 +33,12 @@ menu_enter() {
   xdotool key "$1"
 }
 hidden() { ! e2e_window_shown; }
+# Waits for the icon in a tray that has just started, and lets the tray
+# settle its strip, as a user sees the icon before clicking it.
+icon_docks() {
+  e2e_wait_for 5 e2e_tray_icon || e2e_fail "$1"
+  sleep 0.5
+}
 on_top() { xprop -id "$E2E_WIN" _NET_WM_STATE | grep -q _NET_WM_STATE_ABOVE; }
 
 # --- No tray: "&Hide" cannot be chosen. A tray that comes later gets the icon.
@@ -42,7 +48,7 @@ e2e_window_shown || e2e_fail "the window hid with no tray to come back from"
 xdotool key Escape
 e2e_wait_for 3 eval '! e2e_menu_open' || e2e_fail "Escape did not close the menu"
 e2e_start_tray
-e2e_wait_for 5 e2e_tray_icon || e2e_fail "no icon in a tray that came after start-up"
+icon_docks "no icon in a tray that came after start-up"
 
 # --- A double click on the icon hides the device, a second shows it.
 double_click_icon
@@ -80,13 +86,13 @@ on_top || e2e_fail "the window lost Always on Top across hiding"
 #     brings the hidden window back.
 kill "$E2E_TRAY"
 e2e_start_tray
-e2e_wait_for 5 e2e_tray_icon || e2e_fail "no icon after the tray restarted"
+icon_docks "no icon after the tray restarted"
 double_click_icon
 e2e_wait_for 3 hidden || e2e_fail "the icon in the restarted tray did not hide the window"
 kill "$E2E_TRAY"
 e2e_wait_for 6 e2e_window_shown || e2e_fail "the window stayed hidden with no tray"
 e2e_start_tray
-e2e_wait_for 5 e2e_tray_icon || e2e_fail "no icon in the tray started again"
+icon_docks "no icon in the tray started again"
 
 # --- The alarm brings the hidden window back. The device's clock goes to
 #     12:00 PM, the alarm at 12:00 PM is armed, and the back of the device
