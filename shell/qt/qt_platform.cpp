@@ -205,7 +205,10 @@ void QtPlatform::OpenPopupMenu() {
   menu_->Exec(*form_, TrayIcon::Available());
 }
 
-void QtPlatform::AddTrayIcon() { tray_ = std::make_unique<TrayIcon>(*form_); }
+// The program's icon, as the device window already has it.
+void QtPlatform::AddTrayIcon() {
+  tray_ = std::make_unique<TrayIcon>(*form_, window_->windowIcon());
+}
 
 void QtPlatform::RemoveTrayIcon() { tray_.reset(); }
 

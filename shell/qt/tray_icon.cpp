@@ -1,7 +1,5 @@
 #include "shell/qt/tray_icon.h"
 
-#include "shell/qt/picture_book.h"
-
 namespace nautrix {
 namespace {
 
@@ -24,9 +22,9 @@ int TrayMessage(QSystemTrayIcon::ActivationReason reason, bool status_notifier) 
   }
 }
 
-TrayIcon::TrayIcon(Form1& form) : form_(form) {
-  // The icon is set before the icon is shown, or the tray shows a blank.
-  icon_.setIcon(AppIcon());
+TrayIcon::TrayIcon(Form1& form, const QIcon& picture) : form_(form) {
+  // The picture is set before the icon is shown, or the tray shows a blank.
+  icon_.setIcon(picture);
   icon_.setToolTip(QStringLiteral("Nautrix"));
   QObject::connect(&icon_, &QSystemTrayIcon::activated,
                    [this](QSystemTrayIcon::ActivationReason reason) {

@@ -19,7 +19,7 @@ class TrayIcon {
  public:
   // The icon shows at once where a tray is, and in a tray that appears or
   // restarts later.
-  explicit TrayIcon(Form1& form);
+  TrayIcon(Form1& form, const QIcon& picture);
 
   // A tray is there to keep the icon.
   static bool Available();

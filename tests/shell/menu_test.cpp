@@ -30,39 +30,29 @@ TEST_F(MenuAndTray, OnlyTheDoubleClickAndTheRightReleaseOfTheTrayAct) {
   EXPECT_FALSE(form.TrayBusy || form.mHide.Checked);
 }
 
-// Twice each: the toggles store their marks at once (Always on Top then
-// restacks the window), Hide and Back store nothing, the dialog items open
-// their dialogs, and Exit takes the icon away first and writes nothing.
-TEST_F(MenuAndTray, EachItemFlipsItsMarkAndStoresWhatItShould) {
+// Each toggle twice: the mark flips and flips back; Sound, Auto Show and
+// Always on Top store it at once (the last restacks the window), Hide and
+// Back store nothing. Exit takes the icon away first and writes nothing.
+TEST_F(MenuAndTray, EachToggleFlipsItsMarkAndStoresWhatItShould) {
   const struct {
     void (Form1::*click)();
     MenuItem Form1::*mark;
-    const char* calls;
-    const char* writes;
-  } items[] = {
-      {&Form1::mHide_Click, &Form1::mHide, "HideWindow;ShowWindow", ""},
-      {&Form1::mSound_Click, &Form1::mSound, "", "Sound=False;Sound=True"},
-      {&Form1::mAutoShow_Click, &Form1::mAutoShow, "", "Auto Show=False;Auto Show=True"},
-      {&Form1::mAlwaysOnTop_Click, &Form1::mAlwaysOnTop, "Topmost;NotTopmost",
-       "Always on Top=True;Always on Top=False"},
-      {&Form1::mBack_Click, &Form1::mBack, "", ""},
-      {&Form1::mOptions_Click, nullptr, "Open Form3;Open Form3", ""},
-      {&Form1::mInstructions_Click, nullptr, "Open Form4;Open Form4", ""},
-      {&Form1::mAbout_Click, nullptr, "Open Form2;Open Form2", ""},
+    const char* did;  // calls | store writes
+  } toggles[] = {
+      {&Form1::mHide_Click, &Form1::mHide, "HideWindow;ShowWindow|"},
+      {&Form1::mSound_Click, &Form1::mSound, "|Sound=False;Sound=True"},
+      {&Form1::mAutoShow_Click, &Form1::mAutoShow, "|Auto Show=False;Auto Show=True"},
+      {&Form1::mAlwaysOnTop_Click, &Form1::mAlwaysOnTop,
+       "Topmost;NotTopmost|Always on Top=True;Always on Top=False"},
+      {&Form1::mBack_Click, &Form1::mBack, "|"},
   };
-  for (const auto& item : items) {
-    const bool before = item.mark && (form.*item.mark).Checked;
-    (form.*item.click)();
-    if (item.mark) {
-      EXPECT_NE((form.*item.mark).Checked, before) << item.calls << item.writes;
-    }
+  for (const auto& toggle : toggles) {
+    (form.*toggle.click)();
+    const bool first = (form.*toggle.mark).Checked;
     EXPECT_EQ(Lit(Obj::BackCase), form.mBack.Checked);
-    (form.*item.click)();
-    if (item.mark) {
-      EXPECT_EQ((form.*item.mark).Checked, before);
-    }
-    EXPECT_EQ(Joined(fake.calls), item.calls);
-    EXPECT_EQ(Joined(fake.store_writes), item.writes);
+    (form.*toggle.click)();
+    EXPECT_NE((form.*toggle.mark).Checked, first) << toggle.did;
+    EXPECT_EQ(Joined(fake.calls) + "|" + Joined(fake.store_writes), toggle.did);
     Forget();
   }
   form.mExit_Click();
@@ -100,31 +90,22 @@ TEST_F(MenuAndTray, TheMenuOpensFromTheWindowUnderItsGates) {
   const struct {
     Obj object;
     int button;
-    int16_t held;  // PressedKey
-    bool latch, counting, opens;
+    int16_t held;                 // PressedKey
+    bool latch, counting, opens;  // KeyLatch, the boat counting in a game
   } cases[] = {
-      {Obj::FrontCase, 2, kNoKey, false, false, true},
-      {Obj::BackCase, 2, kNoKey, false, false, true},
-      {Obj::FrontCase, 2, kGameAKey, false, false, false},
-      {Obj::FrontCase, 4, kNoKey, false, false, false},
-      {Tentacle(2, 1), 2, kGameAKey, false, false, true},
-      {Obj::Treasure, 4, kNoKey, false, false, true},
-      {Obj::Colon, 2, kNoKey, false, false, false},
-      {Obj::Logo, 2, kNoKey, false, false, true},
-      {Obj::Logo, 2, kNoKey, true, false, false},
-      {Obj::Logo, 4, kNoKey, false, false, false},
-      {Obj::Logo, 2, kTimeKey, false, false, false},
-      {Obj::GameBButton, 2, kNoKey, false, false, true},
-      {Obj::RightButton, 4, kNoKey, false, false, true},
-      {Obj::TimeButton, 2, kLeftKey, false, false, false},
-      {Obj::AlarmButton, 2, kNoKey, true, false, false},
-      {Obj::LeftButton, 2, kNoKey, false, true, false},
-      {Obj::ACLButton, 2, kNoKey, false, true, true},
+      {Obj::FrontCase, 2, kNoKey, 0, 0, 1},      {Obj::FrontCase, 2, kGameAKey, 0, 0, 0},
+      {Obj::BackCase, 4, kNoKey, 0, 0, 0},       {Tentacle(2, 1), 2, kGameAKey, 0, 0, 1},
+      {Obj::Treasure, 4, kNoKey, 0, 0, 1},       {Obj::Colon, 2, kNoKey, 0, 0, 0},
+      {Obj::Logo, 2, kNoKey, 0, 0, 1},           {Obj::Logo, 2, kNoKey, 1, 0, 0},
+      {Obj::Logo, 4, kNoKey, 0, 0, 0},           {Obj::Logo, 2, kTimeKey, 0, 0, 0},
+      {Obj::GameBButton, 2, kNoKey, 0, 0, 1},    {Obj::RightButton, 4, kNoKey, 0, 0, 1},
+      {Obj::TimeButton, 2, kLeftKey, 0, 0, 0},   {Obj::AlarmButton, 2, kNoKey, 1, 0, 0},
+      {Obj::LeftButton, 2, kNoKey, 0, 1, 0},     {Obj::ACLButton, 2, kNoKey, 0, 1, 1},
   };
+  // The pointer rests on the logo while the menu is open.
+  fake.while_menu_open = [this] { form.Logo_MouseMove(0, 0, 0, 0); };
   for (const auto& c : cases) {
     Play(1);
-    // The pointer rests on the logo while the menu is open.
-    fake.while_menu_open = [this] { form.Logo_MouseMove(0, 0, 0, 0); };
     form.BoatBeats = c.counting ? 2 : 0;
     form.PressedKey = c.held;
     form.KeyLatch = c.latch;
