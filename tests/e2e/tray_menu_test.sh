@@ -6,7 +6,7 @@
 # Always on Top restacks the one window, also across hiding; the tray
 # restarting gets the icon back, a tray gone for good brings the window back;
 # the alarm brings a hidden window back; "&Exit" ends with status 0 and leaves
-# the store as it was.
+# the store as it was; the next start is on top.
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
@@ -110,3 +110,7 @@ status=0
 wait "$E2E_APP" || status=$?
 [ "$status" -eq 0 ] || e2e_fail "Exit ended the program with status $status"
 [ "$(md5sum "$store")" = "$before" ] || e2e_fail "Exit wrote the store"
+
+# --- The next start is on top from the store.
+e2e_start_app "$app"
+e2e_wait_for 3 on_top || e2e_fail "the stored Always on Top did not stack the window at start-up"
