@@ -60,9 +60,9 @@ int main(int argc, char** argv) {
   watch.setTimerType(Qt::PreciseTimer);
   QObject::connect(&watch, &QTimer::timeout, [&] {
     if (in_game) playing_throughout = playing_throughout && form.Playing;
-    if (voice.plays() != seen_plays && voice.reader().StartDelayMs() >= 0) {
+    if (voice.plays() != seen_plays && voice.StartDelayMs() >= 0) {
       seen_plays = voice.plays();
-      current->Add(voice.StartLatencyMs());
+      current->Add(voice.StartDelayMs());
     }
   });
   watch.start(2);
@@ -80,7 +80,7 @@ int main(int argc, char** argv) {
       app.exit(playing_throughout && game.count > 0 && slept == wakes ? 0 : 1);
       return;
     }
-    slept += voice.Suspended() ? 1 : 0;
+    slept += voice.Asleep() ? 1 : 0;
     ++woken;
     platform.PlayWave(beep);
     QTimer::singleShot(1800, Qt::PreciseTimer, wake_once);
