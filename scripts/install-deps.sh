@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   cmake ninja-build g++ pkg-config
-  qt6-base-dev qt6-multimedia-dev qt6-svg-dev qt6-qpa-plugins libqt6svg6 libxcb-xkb-dev
+  qt6-base-dev qt6-svg-dev qt6-qpa-plugins libqt6svg6 libxcb-xkb-dev libpulse-dev
   fonts-dejavu-core
 )
 if [ "${1:-}" = "--tests" ]; then
@@ -15,6 +15,7 @@ if [ "${1:-}" = "--tests" ]; then
     pulseaudio pulseaudio-utils sox util-linux procps libxcb-damage0-dev
     desktop-file-utils appstream groff-base weston xwayland qt6-wayland
     trayer dbus-daemon dbus-bin
+    clang libclang-rt-14-dev
   )
 fi
 if [ "${1:-}" = "--package" ]; then

@@ -12,19 +12,17 @@ namespace {
 
 QtMessageHandler g_next_handler = nullptr;
 
-// What the desktop says of itself and the user cannot act on: an audio back
-// end without a server, sound decoding, a keyboard extension the X server
-// lacks, a runtime folder it had to make up, an X11 tray watch off X11.
+// What the desktop says of itself and the user cannot act on: a keyboard
+// extension the X server lacks, a runtime folder it had to make up, an X11
+// tray watch off X11. (The voice speaks to the audio server itself and says
+// nothing.)
 bool KnownPlatformWarning(QtMsgType type, const QMessageLogContext& context,
                           const QString& message) {
   if (type != QtWarningMsg && type != QtInfoMsg && type != QtDebugMsg) return false;
   const QLatin1String category(context.category ? context.category : "");
-  if (category.startsWith(QLatin1String("qt.multimedia")) ||
-      category.startsWith(QLatin1String("qt.qpa.xkeyboard")))
-    return true;
-  static const char* const kKnown[] = {"PulseAudio", "pa_context", "pulseaudio", "GStreamer",
-                                       "QWaveDecoder", "XKEYBOARD", "XKB", "xkbcommon",
-                                       "QStandardPaths: ", "systemTrayWindowChanged"};
+  if (category.startsWith(QLatin1String("qt.qpa.xkeyboard"))) return true;
+  static const char* const kKnown[] = {"XKEYBOARD", "XKB", "xkbcommon", "QStandardPaths: ",
+                                       "systemTrayWindowChanged"};
   for (const char* known : kKnown) {
     if (message.contains(QLatin1String(known))) return true;
   }

@@ -11,6 +11,7 @@ e2e_cleanup() {
   local i
   for ((i = ${#E2E_PIDS[@]} - 1; i >= 0; i--)); do
     kill "${E2E_PIDS[i]}" 2>/dev/null || true
+    kill -CONT "${E2E_PIDS[i]}" 2>/dev/null || true  # a stopped process ends only once woken
     wait "${E2E_PIDS[i]}" 2>/dev/null || true
   done
   [ -n "$E2E_DIR" ] && rm -rf "$E2E_DIR"
@@ -67,13 +68,15 @@ e2e_setup() {
     e2e_fail "openbox did not take the display"
 }
 
-# A private PulseAudio whose only output is the null sink "nautrix".
+# A private PulseAudio whose only output is the null sink "nautrix"; E2E_AUDIO
+# is its PID.
 e2e_start_audio() {
   export PULSE_SERVER=unix:$XDG_RUNTIME_DIR/pulse.sock
   pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no \
     --load="module-native-protocol-unix socket=$XDG_RUNTIME_DIR/pulse.sock" \
-    --load="module-null-sink sink_name=nautrix" >"$E2E_DIR/pulse.log" 2>&1 &
-  E2E_PIDS+=($!)
+    --load="module-null-sink sink_name=nautrix" >>"$E2E_DIR/pulse.log" 2>&1 &
+  E2E_AUDIO=$!
+  E2E_PIDS+=($E2E_AUDIO)
   e2e_wait_for 10 pactl info || e2e_fail "PulseAudio did not start"
   pactl set-default-sink nautrix
 }
@@ -113,10 +116,15 @@ e2e_onsets() {
 
 e2e_store() { echo "$XDG_CONFIG_HOME/Tickplay Simulator.ini"; }
 
-# Starts the program ($1) without the right to set the clock, and waits for
-# its window; E2E_APP is its PID, E2E_WIN its window.
+# Starts the program ($1) without the right to set the clock, its output into
+# the file $2 if given, and waits for its window; E2E_APP is its PID, E2E_WIN
+# its window.
 e2e_start_app() {
-  setpriv --bounding-set -sys_time --inh-caps -sys_time "$1" &
+  if [ -n "${2:-}" ]; then
+    setpriv --bounding-set -sys_time --inh-caps -sys_time "$1" >"$2" 2>&1 &
+  else
+    setpriv --bounding-set -sys_time --inh-caps -sys_time "$1" &
+  fi
   E2E_APP=$!
   E2E_PIDS+=($E2E_APP)
   E2E_WIN=""
@@ -169,7 +177,7 @@ e2e_region() {
 # Keeps the null sink's level in a raw file for e2e_level (needs e2e_start_audio).
 e2e_start_level_monitor() {
   E2E_LEVEL=$E2E_DIR/level.raw
-  parec --device=nautrix.monitor --format=s16le --rate=8000 --channels=1 --latency-msec=20 >"$E2E_LEVEL" &
+  parec --device=nautrix.monitor --format=s16le --rate=8000 --channels=1 --latency-msec=20 >"$E2E_LEVEL" 2>/dev/null &
   E2E_PIDS+=($!)
   sleep 0.3
   pactl suspend-sink nautrix 1

@@ -1,0 +1,68 @@
+#!/usr/bin/env bash
+# The audio server as desktops treat it, under a Game A left to run (a beep at
+# every 220 ms beat): a server that first appears after start-up is heard;
+# killed and started again mid-game, it hears the beat again; one that is
+# stalled when the program starts holds up neither the game nor the keys, and
+# hears the beat once it goes on. The program prints nothing throughout.
+source "$(dirname "$0")/lib.sh"
+app=$1
+beat_ms=220
+
+# True once the last three seconds on the null sink hold the game's beat: the
+# beeps after the first (which may be cut) at least 10, at the game's pace.
+beat_heard() {
+  tail -c 48000 "$E2E_LEVEL" | sox -t raw -r 8000 -e signed -b 16 -c 1 - "$E2E_DIR/last.wav"
+  e2e_onsets "$E2E_DIR/last.wav" | awk -v beat=$beat_ms '
+    NR == 2 { first = $1 }
+    NR >= 2 { last = $1; n++ }
+    END { exit !(n >= 10 && (last - first) >= (n - 1) * beat * 0.95 && (last - first) <= (n - 1) * beat * 1.05) }'
+}
+
+expect_beat() {
+  e2e_start_level_monitor
+  e2e_wait_for 6 beat_heard || e2e_fail "$1: the beat is not heard"
+  echo "sound server: $1: the beat is heard"
+}
+
+kill_audio() {
+  { kill -KILL "$E2E_AUDIO" && wait "$E2E_AUDIO"; } 2>/dev/null || true
+}
+
+start_game() {
+  e2e_start_app "$app" "$1"
+  e2e_key 1
+}
+
+e2e_setup
+# Where the server will be; none is there yet.
+export PULSE_SERVER=unix:$XDG_RUNTIME_DIR/pulse.sock
+
+start_game "$E2E_DIR/first.out"
+sleep 1.5
+e2e_start_audio
+expect_beat "a server that appears after start-up"
+
+kill_audio
+sleep 1.5
+kill -0 "$E2E_APP" || e2e_fail "the program ended with its audio server"
+e2e_start_audio
+expect_beat "a server killed and started again"
+e2e_stop_app
+[ ! -s "$E2E_DIR/first.out" ] || e2e_fail "the program printed: $(cat "$E2E_DIR/first.out")"
+
+# A server that takes connections but never answers them.
+kill_audio
+e2e_start_audio
+kill -STOP "$E2E_AUDIO"
+start_game "$E2E_DIR/second.out"
+sleep 0.5
+for sound in False True; do
+  e2e_key s
+  e2e_wait_for 3 test "$(e2e_setting Sound)" = $sound ||
+    e2e_fail "with a stalled audio server, the S key is not taken (Sound $(e2e_setting Sound))"
+done
+kill -CONT "$E2E_AUDIO"
+expect_beat "a stalled server that goes on"
+e2e_stop_app
+[ ! -s "$E2E_DIR/second.out" ] || e2e_fail "the program printed: $(cat "$E2E_DIR/second.out")"
+echo "sound server: 1 passed, 0 failed"
