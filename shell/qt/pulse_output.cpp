@@ -79,7 +79,9 @@ long long PulseOutput::StartDelayMs() const {
   return reader_.StartDelayMs();
 }
 
-bool PulseOutput::Ready() const { return stream_ && pa_stream_get_state(stream_) == PA_STREAM_READY; }
+bool PulseOutput::Ready() const {
+  return stream_ && pa_stream_get_state(stream_) == PA_STREAM_READY;
+}
 
 // Opens what is missing: a new connection when there is none that works, a
 // new stream on a working one.
@@ -99,7 +101,8 @@ void PulseOutput::Reach() {
   pa_proplist_sets(properties, PA_PROP_APPLICATION_NAME, "Nautrix");
   pa_proplist_sets(properties, PA_PROP_APPLICATION_ID, "nautrix");
   pa_proplist_sets(properties, PA_PROP_MEDIA_ROLE, "game");
-  context_ = pa_context_new_with_proplist(pa_threaded_mainloop_get_api(loop_), "Nautrix", properties);
+  context_ =
+      pa_context_new_with_proplist(pa_threaded_mainloop_get_api(loop_), "Nautrix", properties);
   pa_proplist_free(properties);
   if (!context_) return;
   pa_context_set_state_callback(context_, &PulseOutput::OnContextState, this);

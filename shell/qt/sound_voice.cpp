@@ -1,11 +1,12 @@
 #include "shell/qt/sound_voice.h"
 
-#include <QFile>
-#include <algorithm>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <time.h>
 #include <unistd.h>
+
+#include <QFile>
+#include <algorithm>
 
 #include "shell/qt/pulse_output.h"
 
@@ -63,8 +64,8 @@ void VoiceReader::Read(int16_t* out, size_t count) {
 void VoiceReader::CatchUp() {
   if (!Sounding()) return;
   const auto late = std::chrono::steady_clock::now() - started_;
-  const auto samples = std::chrono::duration_cast<std::chrono::microseconds>(late).count() *
-                       kVoiceRate / 1000000;
+  const auto samples =
+      std::chrono::duration_cast<std::chrono::microseconds>(late).count() * kVoiceRate / 1000000;
   next_ = std::min(sound_->size(), next_ + static_cast<size_t>(samples));
 }
 

@@ -3,11 +3,13 @@
 // audio server does, missing, slow or restarting, ever holds up the tick.
 #pragma once
 
+#include <sys/types.h>
+
 #include <QString>
 #include <chrono>
+#include <ctime>
 #include <memory>
 #include <string>
-#include <sys/types.h>
 #include <unordered_map>
 
 #include "shell/qt/wave_decoder.h"

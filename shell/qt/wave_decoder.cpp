@@ -22,9 +22,9 @@ uint64_t Le(const uint8_t* p, int bytes) {
 struct Format {
   unsigned coding = 0;  // kPcm or kFloat
   unsigned channels = 0;
-  uint64_t rate = 0;    // frames a second
-  unsigned block = 0;   // bytes a frame
-  unsigned bits = 0;    // bits a sample as stored
+  uint64_t rate = 0;   // frames a second
+  unsigned block = 0;  // bytes a frame
+  unsigned bits = 0;   // bits a sample as stored
 };
 
 // The format chunk, when it describes samples the voice can read.
@@ -42,8 +42,9 @@ std::optional<Format> ReadFormat(const uint8_t* p, uint64_t length) {
     const uint64_t sub = Le(p + 24, 4);
     f.coding = sub == kPcm || sub == kFloat ? static_cast<unsigned>(sub) : 0;
   }
-  const bool readable = (f.coding == kPcm && (f.bits == 8 || f.bits == 16 || f.bits == 24 || f.bits == 32)) ||
-                        (f.coding == kFloat && (f.bits == 32 || f.bits == 64));
+  const bool readable =
+      (f.coding == kPcm && (f.bits == 8 || f.bits == 16 || f.bits == 24 || f.bits == 32)) ||
+      (f.coding == kFloat && (f.bits == 32 || f.bits == 64));
   if (!readable || f.channels == 0 || f.rate == 0 || f.block != f.channels * f.bits / 8)
     return std::nullopt;
   return f;
@@ -64,18 +65,23 @@ double Sample(const uint8_t* p, const Format& f) {
     return v * 32768.0;
   }
   switch (f.bits) {
-    case 8: return (p[0] - 128) * 256.0;  // 8-bit samples are unsigned
-    case 16: return static_cast<int16_t>(Le(p, 2));
+    case 8:
+      return (p[0] - 128) * 256.0;  // 8-bit samples are unsigned
+    case 16:
+      return static_cast<int16_t>(Le(p, 2));
     // 24 bits are moved to the top of 32, so that their sign is the sign's.
-    case 24: return static_cast<int32_t>(static_cast<uint32_t>(Le(p, 3) << 8)) / 65536.0;
-    default: return static_cast<int32_t>(static_cast<uint32_t>(Le(p, 4))) / 65536.0;
+    case 24:
+      return static_cast<int32_t>(static_cast<uint32_t>(Le(p, 3) << 8)) / 65536.0;
+    default:
+      return static_cast<int32_t>(static_cast<uint32_t>(Le(p, 4))) / 65536.0;
   }
 }
 
 }  // namespace
 
 std::optional<Samples> DecodeWave(const uint8_t* p, size_t size, int rate) {
-  if (rate <= 0 || size < 12 || std::memcmp(p, "RIFF", 4) != 0 || std::memcmp(p + 8, "WAVE", 4) != 0)
+  if (rate <= 0 || size < 12 || std::memcmp(p, "RIFF", 4) != 0 ||
+      std::memcmp(p + 8, "WAVE", 4) != 0)
     return std::nullopt;
 
   // The chunks, walked by their own sizes; the RIFF size is not trusted,
@@ -100,8 +106,9 @@ std::optional<Samples> DecodeWave(const uint8_t* p, size_t size, int rate) {
 
   const Format& f = *format;
   const uint64_t frames = data_size / f.block;
-  const uint64_t count = std::min<uint64_t>(frames * static_cast<uint64_t>(rate) / f.rate,
-                                            uint64_t{kLongestSoundSeconds} * static_cast<uint64_t>(rate));
+  const uint64_t count =
+      std::min<uint64_t>(frames * static_cast<uint64_t>(rate) / f.rate,
+                         uint64_t{kLongestSoundSeconds} * static_cast<uint64_t>(rate));
   Samples out(static_cast<size_t>(count));
   if (count == 0) return out;
 

@@ -2,7 +2,11 @@
 // newest sound cuts off the one that plays, nothing waits, every kind of wave
 // file a user may drop in plays and anything else is silence, and whatever
 // happens to a file on disk, its newest state is the one heard.
+#include "shell/qt/sound_voice.h"
+
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <time.h>
 
 #include <QDir>
 #include <QProcess>
@@ -10,11 +14,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <random>
-#include <sys/stat.h>
 #include <thread>
-#include <time.h>
 
-#include "shell/qt/sound_voice.h"
 #include "tests/shell/qt/qt_test_app.h"
 
 namespace nautrix {
@@ -59,7 +60,8 @@ std::optional<Samples> Decode(const QByteArray& wave) {
 
 // Every sample is `value` (give or take the last bit).
 bool All(const Samples& samples, int value) {
-  return std::all_of(samples.begin(), samples.end(), [&](int16_t v) { return std::abs(v - value) <= 1; });
+  return std::all_of(samples.begin(), samples.end(),
+                     [&](int16_t v) { return std::abs(v - value) <= 1; });
 }
 
 // Waits until the file system's clock has moved past the file's last change,
@@ -69,8 +71,9 @@ void Settle(const QString& path) {
   ASSERT_EQ(stat(QFile::encodeName(path).constData(), &st), 0);
   const timespec& changed = st.st_ctim;
   timespec now{};
-  while (clock_gettime(CLOCK_REALTIME_COARSE, &now), now.tv_sec < changed.tv_sec ||
-                                                     (now.tv_sec == changed.tv_sec && now.tv_nsec <= changed.tv_nsec))
+  while (clock_gettime(CLOCK_REALTIME_COARSE, &now),
+         now.tv_sec < changed.tv_sec ||
+             (now.tv_sec == changed.tv_sec && now.tv_nsec <= changed.tv_nsec))
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
@@ -130,7 +133,9 @@ TEST_F(SoundVoiceTest, WavesOfEveryCodingChannelCountAndRatePlay) {
         }
         const QString in = Write("in.raw", raw), out = dir.path() + "/out.wav";
         const QString command = QString("sox -D -t raw -r %1 -e signed -b 16 -c %2 %3 %4 -t %5 %6")
-                                    .arg(rate).arg(channels).arg(in, coding, type, out);
+                                    .arg(rate)
+                                    .arg(channels)
+                                    .arg(in, coding, type, out);
         ASSERT_EQ(QProcess::execute("sh", {"-c", command}), 0) << command.toStdString();
         const std::optional<Samples> samples = Decode(FileText(out));
         ASSERT_TRUE(samples) << command.toStdString();
@@ -153,9 +158,11 @@ TEST_F(SoundVoiceTest, RatesAreInterpolatedAndLyingLengthsAreBounded) {
   EXPECT_EQ((*slow)[5], 2205);
   EXPECT_EQ((*slow)[15], 0);
   EXPECT_EQ((*slow)[29], -4410);
-  const std::optional<Samples> cut = Decode(Wave(Format(1, 1, kVoiceRate, 16), Tone(7, 10).right(20), 0xFFFFFFFF));
+  const std::optional<Samples> cut =
+      Decode(Wave(Format(1, 1, kVoiceRate, 16), Tone(7, 10).right(20), 0xFFFFFFFF));
   EXPECT_TRUE(cut && cut->size() == 10u && All(*cut, 7));
-  const std::optional<Samples> long_claim = Decode(Wave(Format(1, 1, 1, 8), QByteArray(100, '\x90')));
+  const std::optional<Samples> long_claim =
+      Decode(Wave(Format(1, 1, 1, 8), QByteArray(100, '\x90')));
   EXPECT_TRUE(long_claim && long_claim->size() == size_t{kLongestSoundSeconds} * kVoiceRate);
 }
 
@@ -172,10 +179,15 @@ TEST_F(SoundVoiceTest, AnythingElseIsSilence) {
   lying_block[44] = 4;
   const QByteArray bad_guid = Format(0xFFFE, 1, 8000, 16) +
                               QByteArray("\x16\0\x10\0\0\0\0\0\1\0\0\0", 12) + QByteArray(12, 'x');
-  const QByteArray kSilent[] = {"", "no sound", random, QByteArray("RIFF\0\0\0\0WAVE", 12) + random,
-                                Tone(7, 10).left(40),                      // cut in the format
-                                Tone(7, 10).left(52),                      // no data chunk
-                                no_format, lying_block, Wave(bad_guid, "\7\0"),
+  const QByteArray kSilent[] = {"",
+                                "no sound",
+                                random,
+                                QByteArray("RIFF\0\0\0\0WAVE", 12) + random,
+                                Tone(7, 10).left(40),  // cut in the format
+                                Tone(7, 10).left(52),  // no data chunk
+                                no_format,
+                                lying_block,
+                                Wave(bad_guid, "\7\0"),
                                 Wave(Format(1, 1, kVoiceRate, 16).left(14), "\7\0"),
                                 Wave(Format(1, 0, kVoiceRate, 16), "\7\0"),  // no channels
                                 Wave(Format(1, 1, 0, 16), "\7\0"),           // no rate
@@ -188,7 +200,8 @@ TEST_F(SoundVoiceTest, AnythingElseIsSilence) {
   QFile huge(Write("Huge.wav", Tone(7, 10)));
   ASSERT_TRUE(huge.resize(33 * 1024 * 1024));  // sparse, made at once
   QStringList silent = {dir.path() + "/Directory.wav", pipe, huge.fileName()};
-  for (const QByteArray& bytes : kSilent) silent << Write(QString("Bad%1.wav").arg(silent.size()), bytes);
+  for (const QByteArray& bytes : kSilent)
+    silent << Write(QString("Bad%1.wav").arg(silent.size()), bytes);
   for (const QString& path : silent) {
     voice.Play(sound);
     EXPECT_TRUE(Hears(10, 1000));
@@ -231,7 +244,8 @@ TEST_F(SoundVoiceTest, TheNewestStateOfAFileIsHeard) {
   EXPECT_TRUE(Hears(800, -3000));
   Write("Other.wav", Tone(500, 800));
   ASSERT_EQ(QProcess::execute("touch", {"-r", path, other}), 0);
-  ASSERT_EQ(std::rename(QFile::encodeName(other).constData(), QFile::encodeName(path).constData()), 0);
+  ASSERT_EQ(std::rename(QFile::encodeName(other).constData(), QFile::encodeName(path).constData()),
+            0);
   voice.Play(path);
   EXPECT_TRUE(Hears(800, 500));
   QFile::remove(path);
