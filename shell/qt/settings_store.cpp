@@ -1,15 +1,19 @@
 #include "shell/qt/settings_store.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/inotify.h>
 #include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
 
 #include <QAbstractEventDispatcher>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
-#include <QSaveFile>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QThread>
 
@@ -115,6 +119,41 @@ std::string UnescapedValue(const std::string& raw) {
   }
   out.resize(kept);
   return out;
+}
+
+// Puts `bytes` in place of the file at `path` at once: a new file beside it,
+// on disk before it is renamed over the old one, with the old one's mode. A
+// failed write or sync (a full disk) leaves the old file as it was; QSaveFile
+// would not, as it renames even when its last write fails.
+bool ReplaceFile(const std::string& path, const QByteArray& bytes, const struct stat* old) {
+  const std::string temp = path + '.' + std::to_string(::getpid());
+  ::unlink(temp.c_str());  // left by a killed copy that had this process id
+  const int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  if (fd < 0) return false;
+  bool ok = !old || ::fchmod(fd, old->st_mode & 07777) == 0;
+  for (qsizetype done = 0; ok && done < bytes.size();) {
+    const ssize_t n =
+        ::write(fd, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
+    ok = n > 0 || (n < 0 && errno == EINTR);
+    done += std::max<ssize_t>(n, 0);
+  }
+  ok = ok && ::fsync(fd) == 0;
+  ok = ::close(fd) == 0 && ok;
+  ok = ok && ::rename(temp.c_str(), path.c_str()) == 0;
+  if (!ok) ::unlink(temp.c_str());
+  return ok;
+}
+
+// A writer's new file lives only while it holds the folder's lock: one seen
+// by the holder of the lock was left by a writer that was killed.
+void RemoveKilledWrites(const QString& path) {
+  const QFileInfo store(path);
+  const QString prefix = store.fileName() + '.';
+  for (const QString& name : store.dir().entryList(QDir::Files | QDir::Hidden | QDir::System)) {
+    bool pid = false;
+    if (name.startsWith(prefix)) name.mid(prefix.size()).toUInt(&pid);
+    if (pid) QFile::remove(store.dir().filePath(name));
+  }
 }
 
 }  // namespace
@@ -234,14 +273,20 @@ void SettingsStore::ApplyPending() {
 
 bool SettingsStore::Commit() {
   if (!QDir().mkpath(QFileInfo(path_).absolutePath())) return false;
-  // Another copy holds the lock for the few milliseconds of its write; a lock
-  // left by a copy that was killed is taken over at once.
-  QLockFile lock(path_ + QStringLiteral(".lock"));
+  // The folder's lock, held while the file is read, changed and replaced: the
+  // kernel lets it go however its holder ends, so a copy killed mid-write
+  // holds nobody up. Another copy holds it for the few milliseconds of its
+  // write; a file system without such locks lets the write go unlocked.
+  const int folder = ::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return false;
+  const auto unlock = qScopeGuard([folder] { ::close(folder); });
   const QDeadlineTimer deadline(kLockWaitMs);
-  while (!lock.tryLock(0)) {
-    if (lock.error() != QLockFile::LockFailedError || deadline.hasExpired()) return false;
+  int locked;
+  while ((locked = ::flock(folder, LOCK_EX | LOCK_NB)) != 0 && errno == EWOULDBLOCK) {
+    if (deadline.hasExpired()) return false;
     QThread::msleep(2);
   }
+  if (locked == 0) RemoveKilledWrites(path_);
   Reload();  // what the file holds now, other copies' writes included
   for (const auto& [slot, change] : pending_) {
     const auto& [group, key] = slot;
@@ -272,9 +317,7 @@ bool SettingsStore::Commit() {
   }
   QByteArray bytes;
   for (const Line& line : lines_) bytes += QByteArray::fromStdString(line.text) + '\n';
-  QSaveFile file(path_);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-    return false;
+  if (!ReplaceFile(native_path_, bytes, seen_.st_nlink > 0 ? &seen_ : nullptr)) return false;
   if (::stat(native_path_.c_str(), &seen_) != 0) seen_ = {};
   pending_.clear();
   Parse(bytes);

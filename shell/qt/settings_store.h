@@ -9,14 +9,15 @@
 // be set (no event loop, the folder not made yet, no inotify), every read
 // looks at the file.
 //
-// A write goes to disk at once: under the file's lock the file is read
-// again, the one key's line is changed, and the whole is put in place of the
-// file atomically (a copy killed mid-write leaves the old file or the new
-// one, never a part). Every other line stays as it stands, so two copies
-// never undo each other's keys, and a hand-edited value stays until that key
-// is written. A write that cannot reach the disk (a read-only folder, a full
-// disk) keeps the value in memory for the run, and it goes to the file with
-// the next write that succeeds.
+// A write goes to disk at once: under a lock on the folder the file is read
+// again, the one key's line is changed, and the whole, synced to disk, is
+// renamed over the file (a copy killed mid-write leaves the old file or the
+// new one, never a part, and at most a file "<name>.<process id>" beside
+// it). Every other line stays as it stands, so two copies never undo each
+// other's keys, and a hand-edited value stays until that key is written. A
+// write that cannot reach the disk (a read-only folder, a full disk) keeps
+// the value in memory for the run, and it goes to the file with the next
+// write that succeeds.
 #pragma once
 
 #include <sys/stat.h>

@@ -34,9 +34,8 @@ keys() {
 region() { local w="${1}_WIN" && local E2E_WIN=${!w} && shift && e2e_region "$@"; }
 stop() { local p="${1}_PID" && kill "-${2:-TERM}" "${!p}" && wait "${!p}" 2>/dev/null || true; }
 
-printf '%s\n' '[Nautrix]' Sound=False Left=-45 Top=-330 Diver%20Speed=300 Game%20A%20Speed=150 \
-  Game%20B%20Speed=170 Game%20A%20High%20Score=7 Game%20B%20High%20Score=12 'Alarm%20Time=120000 PM' \
-  Alarm%20On=True Always%20on%20Top=False Auto%20Show=True >"$store"
+e2e_write_store
+sed -i -e 's/^Sound=.*/Sound=False/' -e 's/^Alarm%20On=.*/Alarm%20On=True/' "$store"
 
 # --- Two copies side by side.
 copy A
@@ -78,12 +77,14 @@ stop A
 stop B
 
 # --- SIGKILL at a random moment of a burst of S presses, again and again.
-# Each start writes at once: a lock left by the killed copy holds nothing up.
+# Each start writes at once: the killed copy holds nothing up, and what it
+# was writing is cleared away.
 for round in 1 2 3 4 5 6; do
   copy K
   before=$(e2e_setting Sound)
   keys K s
   [ "$(e2e_setting Sound)" != "$before" ] || e2e_fail "round $round: S wrote nothing after a kill"
+  ! ls "$store".[0-9]* >/dev/null 2>&1 || e2e_fail "round $round: the killed write's file is still there"
   xdotool key --repeat 400 --delay 2 s &
   burst=$!
   delay=0.$((RANDOM % 600 + 200))
