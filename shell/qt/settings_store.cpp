@@ -271,6 +271,36 @@ void SettingsStore::ApplyPending() {
   }
 }
 
+// The line of `key` in `group` says `change`: changed in place, removed, or
+// added after the last line of its group (and the group added at the end).
+void SettingsStore::SetLine(const std::string& group, const std::string& key,
+                            const Change& change) {
+  // The key's lines; of several, the last one is the one read, and kept.
+  std::vector<size_t> found;
+  for (size_t i = 0; i < lines_.size(); ++i) {
+    if (lines_[i].group == group && lines_[i].key == key) found.push_back(i);
+  }
+  const size_t keep = change && !found.empty() ? 1 : 0;
+  for (size_t n = found.size() - keep; n-- > 0;) lines_.erase(lines_.begin() + found[n]);
+  if (!change) return;
+  const std::string text = EscapedKey(key) + '=' + EscapedValue(*change);
+  if (keep) {
+    lines_[found.back() - (found.size() - 1)].text = text;
+    return;
+  }
+  // A new key goes after the last key or header line of its group.
+  auto after = lines_.end();
+  for (auto line = lines_.begin(); line != lines_.end(); ++line) {
+    if (line->group == group && !Trimmed(line->text).empty()) after = std::next(line);
+  }
+  if (after == lines_.end() && (lines_.empty() || lines_.back().group != group)) {
+    if (!lines_.empty()) lines_.push_back({"", lines_.back().group, {}});
+    lines_.push_back({'[' + EscapedKey(group) + ']', group, {}});
+    after = lines_.end();
+  }
+  lines_.insert(after, {text, group, key});
+}
+
 bool SettingsStore::Commit() {
   if (!QDir().mkpath(QFileInfo(path_).absolutePath())) return false;
   // The folder's lock, held while the file is read, changed and replaced: the
@@ -288,33 +318,7 @@ bool SettingsStore::Commit() {
   }
   if (locked == 0) RemoveKilledWrites(path_);
   Reload();  // what the file holds now, other copies' writes included
-  for (const auto& [slot, change] : pending_) {
-    const auto& [group, key] = slot;
-    // The key's lines; of several, the last one is the one read, and kept.
-    std::vector<size_t> found;
-    for (size_t i = 0; i < lines_.size(); ++i) {
-      if (lines_[i].group == group && lines_[i].key == key) found.push_back(i);
-    }
-    const size_t keep = change && !found.empty() ? 1 : 0;
-    for (size_t n = found.size() - keep; n-- > 0;) lines_.erase(lines_.begin() + found[n]);
-    if (!change) continue;
-    const std::string text = EscapedKey(key) + '=' + EscapedValue(*change);
-    if (keep) {
-      lines_[found.back() - (found.size() - 1)].text = text;
-      continue;
-    }
-    // A new key goes after the last key or header line of its group.
-    auto after = lines_.end();
-    for (auto line = lines_.begin(); line != lines_.end(); ++line) {
-      if (line->group == group && !Trimmed(line->text).empty()) after = std::next(line);
-    }
-    if (after == lines_.end() && (lines_.empty() || lines_.back().group != group)) {
-      if (!lines_.empty()) lines_.push_back({"", lines_.back().group, {}});
-      lines_.push_back({'[' + EscapedKey(group) + ']', group, {}});
-      after = lines_.end();
-    }
-    lines_.insert(after, {text, group, key});
-  }
+  for (const auto& [slot, change] : pending_) SetLine(slot.first, slot.second, change);
   QByteArray bytes;
   for (const Line& line : lines_) bytes += QByteArray::fromStdString(line.text) + '\n';
   if (!ReplaceFile(native_path_, bytes, seen_.st_nlink > 0 ? &seen_ : nullptr)) return false;

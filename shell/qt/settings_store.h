@@ -64,6 +64,7 @@ class SettingsStore {
   void Parse(const QByteArray& bytes);  // into lines_ and values_
   void Reload();                        // reads the file and notes its identity
   bool Commit();                        // writes pending_ into the file
+  void SetLine(const std::string& group, const std::string& key, const Change& change);
   void ApplyPending();                  // the changes not yet on disk, to values_
 
   QString path_;
