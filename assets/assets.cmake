@@ -1,23 +1,42 @@
 # The device's artwork and sounds.
 #
-# nautrix_add_assets(target) embeds the vector sources in `target` as Qt
-# resources under ":/art", so the program needs no art files at run time, and
-# makes the four wave files, which the device reads by name from the program's
-# folder, in ${CMAKE_BINARY_DIR} beside the executable. It also adds the
-# review tool nautrix_gallery.
+# nautrix_add_assets(target) gives `target` the renderer of the art, the
+# library nautrix_art, with the vector sources embedded as Qt resources under
+# ":/art", so the program needs no art files at run time; the pictures at
+# 100 % and the icon rendered at build time; and the four wave files, which
+# the device reads by name from the program's folder, made in
+# ${CMAKE_BINARY_DIR} beside the executable. It also adds the review tool
+# nautrix_gallery.
 
 function(nautrix_add_assets target)
   set(assets_dir ${CMAKE_CURRENT_FUNCTION_LIST_DIR})
   set(tools_dir ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../tools)
+  set(shell_dir ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../shell/qt)
 
+  add_library(nautrix_art STATIC ${shell_dir}/picture_book.cpp ${shell_dir}/picture_sources.cpp)
+  target_link_libraries(nautrix_art PUBLIC nautrix_core Qt6::Gui Qt6::Svg)
+  target_link_libraries(${target} PUBLIC nautrix_art)
   file(GLOB page_files CONFIGURE_DEPENDS ${assets_dir}/pages/*.svg)
   # With a static library Qt compiles the resources into an object library
-  # whose objects reach every executable that links `target`.
-  qt_add_resources(${target} nautrix_art
+  # whose objects reach every executable that links it.
+  qt_add_resources(nautrix_art nautrix_art_sources
     PREFIX /art
     BASE ${assets_dir}
     FILES ${assets_dir}/front.svg ${assets_dir}/back.svg ${assets_dir}/nautrix.svg
       ${assets_dir}/nautrix_16.svg ${assets_dir}/nautrix_24.svg ${page_files})
+
+  # The pictures at 100 % and the icon, rendered by our own tool into a
+  # source of `target`.
+  add_executable(nautrix_render_pictures ${tools_dir}/render_pictures.cpp)
+  target_link_libraries(nautrix_render_pictures PRIVATE nautrix_art)
+  set(built_pictures ${CMAKE_BINARY_DIR}/built_pictures_data.cpp)
+  add_custom_command(
+    OUTPUT ${built_pictures}
+    COMMAND nautrix_render_pictures ${built_pictures}
+    DEPENDS nautrix_render_pictures
+    COMMENT "Rendering the pictures at 100 % and the icon"
+    VERBATIM)
+  target_sources(${target} PRIVATE ${built_pictures})
 
   # The beeps, synthesised at build time by our own tool.
   add_executable(nautrix_make_beeps ${tools_dir}/make_beeps.cpp)

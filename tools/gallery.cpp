@@ -18,7 +18,7 @@
 
 #include "device/form1.h"
 #include "shell/qt/device_painter.h"
-#include "shell/qt/picture_book.h"
+#include "shell/qt/built_pictures.h"
 #include "tests/support/fake_platform.h"
 
 using namespace nautrix;
@@ -145,7 +145,7 @@ QImage DrawScene(const Scene& scene, const PictureBook& book) {
   image.fill(Qt::magenta);  // a hole in the art would show
   QPainter painter(&image);
   if (scene.back) {
-    painter.drawPixmap(0, 0, book.Picture(Pic::BackCase));
+    painter.drawImage(0, 0, book.Picture(Pic::BackCase));
   } else {
     FakePlatform fake;
     Form1 form(fake);
@@ -177,7 +177,7 @@ QImage PictureSheet(const PictureBook& book, int zoom) {
   painter.setPen(Qt::white);
   for (int n = 0; n < static_cast<int>(pics.size()); ++n) {
     const int x = n % cols * cell_w, y = n / cols * (cell_h + 12);
-    const QImage pixels = book.Picture(pics[n]).toImage();
+    const QImage& pixels = book.Picture(pics[n]);
     QImage big = Enlarged(pixels, zoom);
     big.setDevicePixelRatio(1);
     painter.drawImage(x + 2, y + 12, big);

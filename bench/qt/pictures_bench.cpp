@@ -29,11 +29,14 @@ void BM_PictureBook(benchmark::State& state) {
 }
 BENCHMARK(BM_PictureBook)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 
-void BM_AppIcon(benchmark::State& state) {
+void BM_RenderIcon(benchmark::State& state) {
   EnsureApp();
-  for (auto _ : state) benchmark::DoNotOptimize(nautrix::AppIcon().cacheKey());
+  for (auto _ : state) {
+    for (const int size : nautrix::kIconSizes) benchmark::DoNotOptimize(nautrix::RenderIcon(size).cacheKey());
+  }
+  state.SetLabel("every size");
 }
-BENCHMARK(BM_AppIcon)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RenderIcon)->Unit(benchmark::kMillisecond);
 
 void BM_RenderPage(benchmark::State& state) {
   EnsureApp();

@@ -9,6 +9,7 @@
 #include <QToolTip>
 #include <QWindow>
 
+#include "shell/qt/built_pictures.h"
 #include "shell/qt/device_painter.h"
 
 namespace nautrix {
@@ -97,9 +98,9 @@ void DeviceWindow::paintEvent(QPaintEvent* event) {
   // The pictures are drawn for the screen's pixel ratio; a window that moves
   // to a screen of another ratio gets them drawn anew.
   const qreal dpr = devicePixelRatioF();
-  if (!book_ || book_->devicePixelRatio() != dpr) book_ = std::make_unique<PictureBook>(dpr);
+  if (!book_ || book_->devicePixelRatio() != dpr) book_ = PicturesFor(dpr);
   QPainter painter(this);
-  PaintDevice(painter, form_, *book_, event->rect());
+  PaintDevice(painter, form_, *book_, event->region());
 }
 
 // A press with no other button held takes the pointer anew (a release that

@@ -92,7 +92,7 @@ class SheetArt {
 // Pastes objects' own pictures over `image`, which shows `place`, back to
 // front in the order given.
 template <typename Objects>
-void PasteObjects(QImage& image, const Rect& place, const std::array<QImage, kPicCount>& images,
+void PasteObjects(QImage& image, const Rect& place, const PictureImages& images,
                   const Objects& objects) {
   QPainter painter(&image);
   painter.translate(-place.left, -place.top);
@@ -117,7 +117,7 @@ std::vector<Obj> EveryLcdObject() {
 PictureBook::PictureBook(qreal device_pixel_ratio) : dpr_(device_pixel_ratio) {
   SheetArt front(Sheet::Front, dpr_);
   std::unique_ptr<SheetArt> back;
-  std::array<QImage, kPicCount> images;
+  PictureImages images;
   const auto composite = [](const PictureSource& s) {
     return QLatin1String(s.elements) == QLatin1String(kBaseWithAlwaysLit) ||
            QLatin1String(s.elements) == QLatin1String(kEveryLcdObject);
@@ -143,29 +143,22 @@ PictureBook::PictureBook(qreal device_pixel_ratio) : dpr_(device_pixel_ratio) {
       PasteObjects(images[i], place, images, kAlwaysLit);
     }
   }
-  for (int i = 1; i < kPicCount; ++i) {
-    pictures_[i] = QPixmap::fromImage(images[i]);
-    pictures_[i].setDevicePixelRatio(dpr_);
-  }
+  pictures_ = std::move(images);
 }
 
-QIcon AppIcon() {
-  QSvgRenderer large(QString::fromLatin1(kIconResource));
-  QSvgRenderer small16(QString::fromLatin1(kIcon16Resource));
-  QSvgRenderer small24(QString::fromLatin1(kIcon24Resource));
-  QIcon icon;
-  for (int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
-    QSvgRenderer& svg = size == 16 ? small16 : size <= 24 ? small24 : large;
-    svg.setViewBox(size == 22 ? QRectF(1, 1, 22, 22) : QRectF(QPointF(0, 0), svg.defaultSize()));
-    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    PrepareSmooth(painter);
-    svg.render(&painter, QRectF(0, 0, size, size));
-    painter.end();
-    icon.addPixmap(QPixmap::fromImage(image));
-  }
-  return icon;
+QImage RenderIcon(int size) {
+  // The head is drawn anew for 16 and for 24 pixels; the 22-pixel icon is the
+  // inner 22 x 22 of the 24-pixel drawing.
+  QSvgRenderer svg(QString::fromLatin1(size == 16   ? kIcon16Resource
+                                       : size <= 24 ? kIcon24Resource
+                                                    : kIconResource));
+  svg.setViewBox(size == 22 ? QRectF(1, 1, 22, 22) : QRectF(QPointF(0, 0), svg.defaultSize()));
+  QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  PrepareSmooth(painter);
+  svg.render(&painter, QRectF(0, 0, size, size));
+  return image;
 }
 
 QImage RenderPage(int page, qreal device_pixel_ratio) {

@@ -7,7 +7,7 @@
 #include <QFile>
 #include <memory>
 
-#include "shell/qt/picture_book.h"
+#include "shell/qt/built_pictures.h"
 #include "tests/shell/qt/qt_test_app.h"
 
 namespace nautrix {
@@ -16,8 +16,8 @@ namespace {
 QImage Pixels(Pic pic, int dpr = 1) {
   TestApp();
   static std::unique_ptr<PictureBook> books[3];
-  if (!books[dpr]) books[dpr] = std::make_unique<PictureBook>(dpr);
-  return books[dpr]->Picture(pic).toImage().convertToFormat(QImage::Format_ARGB32);
+  if (!books[dpr]) books[dpr] = PicturesFor(dpr);
+  return books[dpr]->Picture(pic).convertToFormat(QImage::Format_ARGB32);
 }
 QImage Pixels(Obj sprite) { return Pixels(Info(sprite).picture); }
 
@@ -74,6 +74,20 @@ TEST(Pictures, OpaqueAndOfEachObjectsSizeAtBothRatiosAndDistinctOnEachObject) {
       }
     }
   }
+}
+
+// The program shows at 100 % what the build rendered: the same pictures and
+// icon that the art renders now.
+TEST(Pictures, BuiltAtTheUsualRatioAsTheArtRendersThem) {
+  TestApp();
+  const PictureBook rendered(1);
+  for (int i = 1; i < kPicCount; ++i) {
+    const Pic pic = static_cast<Pic>(i);
+    EXPECT_EQ(Pixels(pic), rendered.Picture(pic).convertToFormat(QImage::Format_ARGB32)) << i;
+  }
+  const QIcon icon = AppIcon();
+  for (const int size : kIconSizes)
+    EXPECT_EQ(icon.pixmap(size).toImage(), RenderIcon(size)) << size;
 }
 
 // A lit segment must look lit; an always-lit one must already be printed
