@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Runs the wave decoder's fuzzer for $2 seconds (default 20) from seed files
 # of every kind the voice reads, made with sox, and prints libFuzzer's
-# figures. A crash, a leak, a hang of a second or a gigabyte of memory fails
+# figures. A crash, a leak, a hang of ten seconds or a gigabyte of memory fails
 # the run, prints libFuzzer's report and leaves the input in the folder the
 # script was started from.
 #   tests/fuzz/run_wave_fuzz.sh build-fuzz/tests/fuzz/nautrix_wave_fuzz 3600
@@ -21,7 +21,7 @@ for kind in "-b 8 -e unsigned" "-b 16 -e signed" "-b 24 -e signed" "-b 32 -e sig
   done
 done
 status=0
-"$fuzzer" -max_total_time="$seconds" -timeout=1 -rss_limit_mb=1024 -max_len=4096 \
+"$fuzzer" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=1024 -max_len=4096 \
   -print_final_stats=1 -artifact_prefix="$PWD/" "$work/corpus" "$work/seeds" >"$work/log" 2>&1 ||
   status=$?
 if [ $status -eq 0 ]; then
