@@ -1,7 +1,10 @@
 // Wave files as the voice plays them: any file a user drops beside the
 // program is read here, so nothing in a file, however it is made or broken,
-// may crash, hang or fill the memory. Plain C++, so that the fuzzer can
-// drive it alone.
+// may crash, hang or fill the memory. The program's own decoder rather than
+// a library's: the PCM forms are few and simple, this is all of them in a
+// page, its bounds are the voice's own (a sound of at most a minute), and a
+// fuzzer under the sanitizers drives it (tests/fuzz). Plain C++, so that the
+// fuzzer can drive it alone.
 #pragma once
 
 #include <cstddef>

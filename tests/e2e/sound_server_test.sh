@@ -29,15 +29,20 @@ kill_audio() {
 }
 
 start_game() {
-  e2e_start_app "$app" "$1"
+  e2e_start_app "$app" "$E2E_DIR/app.out"
   e2e_key 1
+}
+
+stop_game() {
+  e2e_stop_app
+  [ ! -s "$E2E_DIR/app.out" ] || e2e_fail "the program printed: $(cat "$E2E_DIR/app.out")"
 }
 
 e2e_setup
 # Where the server will be; none is there yet.
 export PULSE_SERVER=unix:$XDG_RUNTIME_DIR/pulse.sock
 
-start_game "$E2E_DIR/first.out"
+start_game
 sleep 1.5
 e2e_start_audio
 expect_beat "a server that appears after start-up"
@@ -47,14 +52,13 @@ sleep 1.5
 kill -0 "$E2E_APP" || e2e_fail "the program ended with its audio server"
 e2e_start_audio
 expect_beat "a server killed and started again"
-e2e_stop_app
-[ ! -s "$E2E_DIR/first.out" ] || e2e_fail "the program printed: $(cat "$E2E_DIR/first.out")"
+stop_game
 
 # A server that takes connections but never answers them.
 kill_audio
 e2e_start_audio
 kill -STOP "$E2E_AUDIO"
-start_game "$E2E_DIR/second.out"
+start_game
 sleep 0.5
 for sound in False True; do
   e2e_key s
@@ -63,6 +67,5 @@ for sound in False True; do
 done
 kill -CONT "$E2E_AUDIO"
 expect_beat "a stalled server that goes on"
-e2e_stop_app
-[ ! -s "$E2E_DIR/second.out" ] || e2e_fail "the program printed: $(cat "$E2E_DIR/second.out")"
+stop_game
 echo "sound server: 1 passed, 0 failed"
