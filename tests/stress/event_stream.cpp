@@ -64,7 +64,7 @@ class Stream {
     while (result_.events < events && result_.failure.empty()) {
       TopEvent();
       if (platform_.quit) {
-        CloseDialogs();
+        DropClosedDialogs(true);
         ++result_.runs;
         StartRun();
       }
@@ -80,11 +80,10 @@ class Stream {
   void MenuOpen() {
     if (!Enter()) return;
     for (int n = Pick(4); n > 0; --n) {
-      switch (Pick(3)) {
-        case 0: Deliver("tick", [&] { Tick(); }); break;
-        case 1: TrayMessage(); break;
-        default: DialogEvent(); break;
-      }
+      const int roll = Pick(3);
+      if (roll == 0) Deliver("tick", [&] { Tick(); });
+      else if (roll == 1) TrayMessage();
+      else DialogEvent();
     }
     if (Chance(0.7)) MenuItem();
     --depth_;
@@ -100,19 +99,11 @@ class Stream {
     --depth_;
   }
 
+  // A second request brings the open one forward.
   void OpenDialog(Dialog dialog) {
-    // A second request brings the open one forward.
-    switch (dialog) {
-      case Dialog::About:
-        if (!about_) Load(about_);
-        break;
-      case Dialog::Options:
-        if (!options_) Load(options_);
-        break;
-      case Dialog::Instructions:
-        if (!leaflet_) Load(leaflet_);
-        break;
-    }
+    if (dialog == Dialog::About && !about_) Load(about_);
+    if (dialog == Dialog::Options && !options_) Load(options_);
+    if (dialog == Dialog::Instructions && !leaflet_) Load(leaflet_);
   }
 
  private:
@@ -289,15 +280,10 @@ class Stream {
   static bool Usable(const std::unique_ptr<OpenForm<Form>>& open) {
     return open && !open->window.unloaded;
   }
-  void DropClosedDialogs() {
-    if (about_ && about_->window.unloaded) about_.reset();
-    if (options_ && options_->window.unloaded) options_.reset();
-    if (leaflet_ && leaflet_->window.unloaded) leaflet_.reset();
-  }
-  void CloseDialogs() {
-    about_.reset();
-    options_.reset();
-    leaflet_.reset();
+  void DropClosedDialogs(bool all = false) {
+    if (all || (about_ && about_->window.unloaded)) about_.reset();
+    if (all || (options_ && options_->window.unloaded)) options_.reset();
+    if (all || (leaflet_ && leaflet_->window.unloaded)) leaflet_.reset();
   }
 
   void DialogEvent() {
@@ -331,24 +317,19 @@ class Stream {
   }
   void LeafletEvent(Form4& d) {
     static const int kKeys[] = {33, 34, 35, 36, 37, 38, 39, 40, 13, 32, 8, 27};
-    switch (Pick(5)) {
-      case 0: return d.Form_KeyDown(Chance(0.9) ? kKeys[Pick(std::size(kKeys))] : Pick(256), Pick(8));
-      case 1: return d.Picture1_MouseDown(Button(), Pick(8), Twips(), Twips());
-      case 2: case 3: return d.Picture1_MouseMove(Pick(8), Pick(8), Twips(), Twips());
-      default: return d.Picture1_MouseUp(Button(), Pick(8), Twips(), Twips());
-    }
+    using Handler = void (Form4::*)(int, int, float, float);
+    static const Handler kPointer[] = {&Form4::Picture1_MouseDown, &Form4::Picture1_MouseMove,
+                                       &Form4::Picture1_MouseMove, &Form4::Picture1_MouseUp};
+    if (Chance(0.2)) return d.Form_KeyDown(Chance(0.9) ? kKeys[Pick(std::size(kKeys))] : Pick(256), Pick(8));
+    (d.*kPointer[Pick(4)])(Pick(3) ? Button() : Pick(8), Pick(8), Twips(), Twips());
   }
   void AboutEvent(Form2& d) {
-    const int button = Button();
-    switch (Pick(7)) {
-      case 0: return d.Command1_Click();
-      case 1: return d.Email_MouseDown(button, 0, Twips(), Twips());
-      case 2: return d.Email_MouseUp(button, 0, Twips(), Twips());
-      case 3: return d.Homepage_MouseDown(button, 0, Twips(), Twips());
-      case 4: return d.Homepage_MouseUp(button, 0, Twips(), Twips());
-      case 5: return d.Handbill_MouseDown(button, 0, Twips(), Twips());
-      default: return d.Handbill_MouseUp(button, 0, Twips(), Twips());
-    }
+    using Handler = void (Form2::*)(int, int, float, float);
+    static const Handler kLinks[] = {&Form2::Email_MouseDown,    &Form2::Email_MouseUp,
+                                     &Form2::Homepage_MouseDown, &Form2::Homepage_MouseUp,
+                                     &Form2::Handbill_MouseDown, &Form2::Handbill_MouseUp};
+    if (Chance(0.15)) return d.Command1_Click();
+    (d.*kLinks[Pick(6)])(Button(), 0, Twips(), Twips());
   }
 
   // ---- The store, edited by hand or by another copy ------------------------------------
