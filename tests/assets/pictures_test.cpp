@@ -136,8 +136,6 @@ TEST(Beeps, AreShortMonoPcmWavesOfTheirLength) {
       return static_cast<int>(v);
     };
     ASSERT_TRUE(b.size() > 44 && b.startsWith("RIFF") && b.mid(8, 8) == "WAVEfmt ") << beep.file;
-    EXPECT_TRUE(le(4, 4) == b.size() - 8 && le(16, 4) == 16 && b.mid(36, 4) == "data" &&
-                le(40, 4) == b.size() - 44) << beep.file << ": chunk sizes";
     EXPECT_TRUE(le(20, 2) == 1 && le(22, 2) == 1 && le(34, 2) == 16) << beep.file << ": PCM mono";
     const int rate = le(24, 4), samples = (b.size() - 44) / 2;
     EXPECT_TRUE(rate == 22050 || rate == 44100) << beep.file;

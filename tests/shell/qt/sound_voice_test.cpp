@@ -163,17 +163,14 @@ TEST_F(SoundVoiceTest, TheNewestSoundWinsAndAnythingElseIsSilence) {
   }
 }
 
-// However a file changes, its newest state is heard: rewritten at another
-// size, copied over with its old times kept, replaced by another file of the
-// same size and times, removed and written again.
+// However a file changes, its newest state is heard: copied over at its size
+// with its old times kept, replaced by another file of the same size and
+// times, removed and written again.
 TEST_F(SoundVoiceTest, TheNewestStateOfAFileIsHeard) {
-  const QString path = Write("Beep0.wav", Tone(1000, 500));
+  const QString path = Write("Beep0.wav", Tone(1000, 800));
   voice.Preload(path);
   voice.Play(path);
-  EXPECT_TRUE(Hears(500, 1000));
-  Write("Beep0.wav", Tone(3000, 800));
-  voice.Play(path);
-  EXPECT_TRUE(Hears(800, 3000));
+  EXPECT_TRUE(Hears(800, 1000));
   const QString other = dir.path() + "/Other.wav";
   for (int value : {-3000, 500}) {
     Write("Other.wav", Tone(value, 800));
