@@ -74,22 +74,25 @@ TEST_F(ClockSetting, TheMinuteWrapsWithoutCarryAndTimeWritesTheEdit) {
 }
 
 // By pointer a step comes at the release, by keyboard at the press; the
-// held key then steps at every tick from its fourth on.
+// held key then steps at every tick from its fourth on: the right key the
+// minute, the left key the hour.
 TEST_F(ClockSetting, AHeldKeyStepsFromItsFourthTickOnByEitherRoute) {
   Enter(Mode::ClockSet);
   ASSERT_EQ(form.Timer1Interval(), 200);
   for (By by : {By::Pointer, By::Keyboard}) {
+    const Obj key = by == By::Pointer ? Obj::RightButton : Obj::LeftButton;
+    const int digit = by == By::Pointer ? 3 : 1;
     form.EditTimeText = "120000 AM";
-    std::string minutes;
-    Down(by, Obj::RightButton);
-    minutes += form.EditTimeText[3];
+    std::string steps;
+    Down(by, key);
+    steps += form.EditTimeText[digit];
     for (int i = 0; i < 6; ++i) {
       Tick();
-      minutes += form.EditTimeText[3];
+      steps += form.EditTimeText[digit];
     }
-    Up(by, Obj::RightButton);
-    minutes += form.EditTimeText[3];
-    EXPECT_EQ(minutes, by == By::Pointer ? "00001234" : "11112344") << Name(by);
+    Up(by, key);
+    steps += form.EditTimeText[digit];
+    EXPECT_EQ(steps, by == By::Pointer ? "00001234" : "11112344") << Name(by);
   }
 }
 

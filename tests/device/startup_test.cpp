@@ -1,7 +1,6 @@
-// START-UP - Form_Load repairs the store key by key, in a fixed order, and
-// gives the record its start values; a hand-edited store never breaks the
-// device, as a value it cannot read as its key's type, or one out of the
-// key's range, reads as the key's default. Shut-down writes nothing.
+// START-UP - Form_Load repairs the store key by key, in a fixed order; a
+// hand-edited store never breaks the device, as a value it cannot read as
+// its key's type, or one out of the key's range, reads as the key's default.
 #include <sstream>
 
 #include "tests/support/device_test.h"
@@ -97,30 +96,6 @@ TEST_F(StartUp, JunkNumbersTimesAndBooleansReadAsTheKeysDefault) {
   EXPECT_EQ(form.SettingTimeText("Alarm Time"), "075900 AM");
   fake.store["Alarm On"] = "-1";
   EXPECT_TRUE(form.SettingBool("Alarm On"));
-}
-
-// Values a previous life could have left are set; the fields Form_Load
-// leaves alone keep their creation values, and the LCD shows its design. Shut-down removes the icon, stops the tick
-// and saves nothing.
-TEST_F(StartUp, TheRecordTakesItsStartValuesAndUnloadSavesNothing) {
-  form.PressedKey = 5;
-  form.BoatWait = 3;
-  form.TentacleLength[2] = 4;
-  form.Playing = true;
-  Load();
-  EXPECT_EQ(form.PressedKey, kNoKey);
-  EXPECT_EQ(form.BoatWait, 10);
-  EXPECT_FALSE(form.Playing || form.AlarmArmed);
-  EXPECT_EQ(form.TentacleMax, (std::array<uint8_t, 6>{3, 4, 5, 4, 3, 0}));
-  EXPECT_EQ(form.BoatBeats + form.LastSecond + form.EditTimeText.size(), 0u);
-  EXPECT_EQ(form.Timer1Interval(), 50);
-  EXPECT_EQ(Sea() + "|" + Readout(), "brr - 00000 -|---- ");
-  Forget();
-  int cancel = 0;
-  form.Form_Unload(cancel);
-  EXPECT_EQ(Joined(fake.calls), "RemoveTrayIcon;Quit");
-  EXPECT_EQ(fake.intervals, std::vector<int>{0});
-  EXPECT_TRUE(fake.store_writes.empty());
 }
 
 }  // namespace

@@ -75,13 +75,15 @@ TEST_F(Caught, AtTheChest) {
   EXPECT_EQ(form.CaptureBeats, 11);
 }
 
-// During a bonus a standing tip catches nobody, and while the clock is set
-// the walking demo is not caught on the sea floor, out or back, but it is
-// at the chest.
+// During a bonus a standing tip catches nobody and the treasure does not
+// climb on the boat; while the clock is set the walking demo is not caught
+// on the sea floor, out or back, but it is at the chest.
 TEST_F(Caught, NotDuringABonusNorOnTheSeaFloorWhileTheClockIsSet) {
   PutTentacle(0, 3, true);
   form.BonusBeats = 5;
   EXPECT_EQ(SeaAfter("r"), "-rr 1:1 30000 -");
+  form.DiverLoad = 2;
+  EXPECT_EQ(SeaAfter("l"), "-rr 1:1 30000 -");
   form.BonusBeats = 0;
   form.ClockSetting = 1;
   PutTentacle(2, 5, true);

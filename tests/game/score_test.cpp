@@ -7,21 +7,21 @@ namespace {
 
 class Bonus : public Scene, public ::testing::WithParamInterface<int> {};
 
-// A point that reaches 200 at the chest gives back every lost diver: the
-// work and the tentacles stand still for sixteen beats at the diver's pace
-// while the lost spares flash, and at the end both spares stand lit, Misses
-// 0. With nothing lost it beeps at every beat, else at every second beat.
-TEST_P(Bonus, AtTwoHundred) {
+// A point that reaches 200 or 500 at the chest gives back every lost diver:
+// the work and the tentacles stand still for sixteen beats at the diver's
+// pace while the lost spares flash, and at the end both spares stand lit,
+// Misses 0. With nothing lost it beeps at every beat, else at every second.
+TEST_P(Bonus, AtTwoHundredAndFiveHundred) {
   const int misses = GetParam();
   Play(1);
   form.Misses = static_cast<uint8_t>(misses);
   form.ShowSpares();
   form.ShowPlayfield();
-  form.Score = 199;
+  form.Score = misses == 2 ? 499 : 199;
   Do("rrrrrrt");
   Beeped();
   Do("t");  // 8: the treasure, the point, the bonus
-  EXPECT_EQ(form.Score, 200);
+  EXPECT_EQ(form.Score, misses == 2 ? 500 : 200);
   EXPECT_EQ(Beeped(), "013");
   EXPECT_EQ(Sea(), "-rr 5:30 00000 -");
   const int draws = fake.rnd_draws;

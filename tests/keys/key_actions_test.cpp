@@ -53,18 +53,6 @@ TEST_P(Routes, OnlyThePointerPressesAKeyThatIsDownAlready) {
   EXPECT_EQ(Lit(Obj::BabyNautrix), pointer());
 }
 
-// The left and right keys act at the pointer's release and at the keyboard's
-// press; the keyboard clears the repeat's count at the release too.
-TEST_P(Routes, WhenTheLeftAndRightKeysActAndClearTheRepeat) {
-  Enter(Mode::ClockSet);
-  Down(Obj::RightButton);
-  EXPECT_EQ(form.EditTimeText, pointer() ? "120000 AM" : "120100 AM");
-  Tick(2);
-  Up(Obj::RightButton);
-  EXPECT_EQ(form.EditTimeText, "120100 AM");
-  EXPECT_EQ(form.RepeatDelay, pointer() ? 2 : 0);
-}
-
 // While the boat counts in a game a press does nothing, not even the menu
 // of another button; only the pointer still reaches ACL.
 TEST_P(Routes, WhileTheBoatCountsOnlyThePointerReachesAcl) {

@@ -94,7 +94,7 @@ TEST_F(Slide, AclOrTheRightKeySlidOffDoNothingAtTheRelease) {
 // key's and not its object's: a press there reaches the case, a held key
 // stays down. The round keys' outer edges are their objects' and not the
 // keys': a press there is down until the next tick calls it off; their
-// inner edges hold a held key down.
+// inner edges hold a held key down. ALARM's corner is both.
 TEST_F(Slide, TheColumnsAndRowsWhereKeysAndObjectsDiffer) {
   Enter(Mode::ClockSet);
   const struct {
@@ -106,6 +106,7 @@ TEST_F(Slide, TheColumnsAndRowsWhereKeysAndObjectsDiffer) {
       {Obj::LeftButton, {37, 150}, true, false},   {Obj::LeftButton, {37, 126}, false, true},
       {Obj::RightButton, {295, 151}, true, false}, {Obj::RightButton, {283, 140}, true, false},
       {Obj::RightButton, {295, 126}, false, true}, {Obj::RightButton, {307, 140}, false, true},
+      {Obj::AlarmButton, {315, 41}, true, true},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(form.ObjectAt(c.at.x, c.at.y) == c.key, c.object) << Info(c.key).name;
