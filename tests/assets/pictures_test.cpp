@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "shell/qt/built_pictures.h"
+#include "shell/qt/wave_decoder.h"
 #include "tests/shell/qt/qt_test_app.h"
 
 namespace nautrix {
@@ -124,28 +125,24 @@ TEST(Pictures, DiverRowsFollowTheBagAndTipRule) {
 // 16-bit mono PCM, each as long as its use allows, with soft ends (no click
 // when the next beep cuts one off) and a level heard but never clipped.
 TEST(Beeps, AreShortMonoPcmWavesOfTheirLength) {
-  const struct { const char* file; int min_ms, max_ms; } kBeeps[] = {
+  const struct { const char* file; size_t min_ms, max_ms; } kBeeps[] = {
       {"Beep0.wav", 25, 50},  // on every tentacle beat, as short as 90 ms
       {"Beep1.wav", 40, 90}, {"Beep2.wav", 200, 320}, {"Beep3.wav", 150, 400}};
   const QString folder = (TestApp(), QCoreApplication::applicationDirPath() + "/../");
   for (const auto& beep : kBeeps) {
     const QByteArray b = FileText(folder + beep.file);
-    const auto le = [&](int at, int n) {
-      uint32_t v = 0;
-      for (int i = n - 1; i >= 0; --i) v = v << 8 | static_cast<uint8_t>(b[at + i]);
-      return static_cast<int>(v);
-    };
-    ASSERT_TRUE(b.size() > 44 && b.startsWith("RIFF") && b.mid(8, 8) == "WAVEfmt ") << beep.file;
-    EXPECT_TRUE(le(20, 2) == 1 && le(22, 2) == 1 && le(34, 2) == 16) << beep.file << ": PCM mono";
-    const int rate = le(24, 4), samples = (b.size() - 44) / 2;
-    EXPECT_TRUE(rate == 22050 || rate == 44100) << beep.file;
-    EXPECT_TRUE(samples * 1000 >= beep.min_ms * rate && samples * 1000 <= beep.max_ms * rate)
-        << beep.file << ": " << samples * 1000 / rate << " ms";
-    std::vector<int> s;
-    for (int at = 44; at + 1 < b.size(); at += 2) s.push_back(std::abs(int16_t(le(at, 2))));
-    const int peak = *std::max_element(s.begin(), s.end());
+    // The format chunk: PCM, one channel, and 16 bits a sample.
+    EXPECT_TRUE(b.mid(8, 8) == "WAVEfmt " && b.mid(20, 4) == QByteArray("\1\0\1\0", 4) &&
+                b.mid(34, 2) == QByteArray("\x10\0", 2))
+        << beep.file;
+    const std::optional<Samples> s =  // 44 samples a millisecond
+        DecodeWave(reinterpret_cast<const uint8_t*>(b.constData()), b.size(), 44000);
+    ASSERT_TRUE(s) << beep.file;
+    EXPECT_TRUE(s->size() >= beep.min_ms * 44 && s->size() <= beep.max_ms * 44) << beep.file;
+    const auto [low, high] = std::minmax_element(s->begin(), s->end());
+    const int peak = std::max(-*low, int{*high});
     EXPECT_TRUE(peak > 8000 && peak < 32000) << beep.file << ": peak " << peak;
-    EXPECT_TRUE(s.front() < 300 && s.back() < 300) << beep.file << ": hard ends";
+    EXPECT_TRUE(std::abs(s->front()) < 300 && std::abs(s->back()) < 300) << beep.file;
   }
 }
 

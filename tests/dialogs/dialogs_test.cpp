@@ -11,16 +11,6 @@
 namespace nautrix {
 namespace {
 
-struct FakeWindow : PageWindow {
-  int unloads = 0, tabs = 0;
-  float left = 3000, top = 2000;
-  void Unload() override { ++unloads; }
-  void PostTab() override { ++tabs; }
-  float Left() override { return left; }
-  float Top() override { return top; }
-  void Move(float l, float t) override { left = l, top = t; }
-};
-
 class Dialogs : public Scene {
  protected:
   FakeWindow window;

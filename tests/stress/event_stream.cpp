@@ -18,21 +18,9 @@ namespace {
 constexpr int kDay = 24 * 3600;
 constexpr int kDeepest = 3;  // the menu and the drags nest no deeper
 
-// A dialog's window: it remembers being unloaded, so that the stream drops
-// the dialog once the handler that closed it has returned.
-struct FuzzWindow : PageWindow {
-  bool unloaded = false;
-  float left = 4000, top = 3000;
-  void Unload() override { unloaded = true; }
-  void PostTab() override {}
-  float Left() override { return left; }
-  float Top() override { return top; }
-  void Move(float l, float t) override { left = l, top = t; }
-};
-
 template <typename Form>
 struct OpenForm {
-  FuzzWindow window;
+  FakeWindow window;  // the stream drops the dialog once its handler has unloaded it
   Form form;
   explicit OpenForm(Form1& device) : form(device, window) {}
 };
@@ -69,7 +57,7 @@ class Stream {
         StartRun();
       }
       DropClosedDialogs();
-      Forget();
+      platform_.ForgetRecords();  // they would grow without end
     }
     return result_;
   }
@@ -145,13 +133,6 @@ class Stream {
     Deliver("Form_Load", [&] { form_->Form_Load(); });
   }
 
-  // The records of the fake would grow without end.
-  void Forget() {
-    platform_.calls.clear();
-    platform_.store_writes.clear();
-    platform_.intervals.clear();
-    platform_.sounds.clear();
-  }
 
   void TopEvent() {
     const int roll = Pick(100);
@@ -278,12 +259,12 @@ class Stream {
   }
   template <typename Form>
   static bool Usable(const std::unique_ptr<OpenForm<Form>>& open) {
-    return open && !open->window.unloaded;
+    return open && open->window.unloads == 0;
   }
   void DropClosedDialogs(bool all = false) {
-    if (all || (about_ && about_->window.unloaded)) about_.reset();
-    if (all || (options_ && options_->window.unloaded)) options_.reset();
-    if (all || (leaflet_ && leaflet_->window.unloaded)) leaflet_.reset();
+    if (all || (about_ && about_->window.unloads)) about_.reset();
+    if (all || (options_ && options_->window.unloads)) options_.reset();
+    if (all || (leaflet_ && leaflet_->window.unloads)) leaflet_.reset();
   }
 
   void DialogEvent() {

@@ -90,10 +90,7 @@ void DeviceTest::NextSecond(int count) {
 }
 
 void DeviceTest::Forget() {
-  fake.calls.clear();
-  fake.store_writes.clear();
-  fake.intervals.clear();
-  fake.sounds.clear();
+  fake.ForgetRecords();
   fake.rnd_draws = 0;
 }
 

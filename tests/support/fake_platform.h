@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "device/platform.h"
+#include "dialogs/dialog_window.h"
 
 namespace nautrix {
 
@@ -39,6 +40,14 @@ class FakePlatform : public Platform {
   int rnd_draws = 0;
   float left = 0, top = 0;  // window position as the window reports it
 
+  // Forgets what the device has done so far: calls, store writes, timer
+  // intervals and sounds.
+  void ForgetRecords() {
+    calls.clear();
+    store_writes.clear();
+    intervals.clear();
+    sounds.clear();
+  }
   // Sets the device clock to h:m:s, 24-hour.
   void SetDeviceTime(int h, int m, int s) { seconds = h * 3600 + m * 60 + s; }
   void AdvanceSeconds(int n) { seconds = (seconds + n) % (24 * 3600); }
@@ -101,6 +110,17 @@ class FakePlatform : public Platform {
   static std::string Name(Dialog dialog) {
     return dialog == Dialog::About ? "Form2" : dialog == Dialog::Options ? "Form3" : "Form4";
   }
+};
+
+// A dialog's window that records what the dialog asked of it.
+struct FakeWindow : PageWindow {
+  int unloads = 0, tabs = 0;
+  float left = 3000, top = 2000;
+  void Unload() override { ++unloads; }
+  void PostTab() override { ++tabs; }
+  float Left() override { return left; }
+  float Top() override { return top; }
+  void Move(float l, float t) override { left = l, top = t; }
 };
 
 }  // namespace nautrix
