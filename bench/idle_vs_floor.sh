@@ -31,21 +31,7 @@ launcher=$build/bench/nautrix_first_frame
 source "$root/tests/e2e/lib.sh"
 e2e_setup
 e2e_start_audio
-cat >"$(e2e_store)" <<'EOF'
-[Nautrix]
-Sound=True
-Left=4455
-Top=2670
-Diver%20Speed=300
-Game%20A%20Speed=220
-Game%20B%20Speed=170
-Game%20A%20High%20Score=0
-Game%20B%20High%20Score=0
-Alarm%20Time=120000 PM
-Alarm%20On=False
-Always%20on%20Top=False
-Auto%20Show=True
-EOF
+e2e_write_store
 
 cpu_ns() { cat /proc/"$1"/task/*/schedstat 2>/dev/null | awk '{s += $1} END {printf "%d\n", s}'; }
 now_ns() { echo $((${EPOCHREALTIME/./} * 1000)); }
