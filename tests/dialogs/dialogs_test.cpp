@@ -134,13 +134,13 @@ TEST_F(Dialogs, ApplyInAGameAndInTheDemosBoatCount) {
   options.Form_Load();
   options.SetValue(options.HScroll3, 340);
   options.Command3_Click();
-  EXPECT_EQ(fake.intervals.back(), 101);
+  EXPECT_EQ(form.Timer1Interval(), 101);
   NextSecond();
   EXPECT_EQ(form.BoatBeats, 3);
   Play(2);
   options.SetValue(options.HScroll2, 0);
   options.Command3_Click();
-  EXPECT_EQ(fake.intervals.back(), 441);
+  EXPECT_EQ(form.Timer1Interval(), 441);
 }
 
 // The pages are a ring both ways; Home and End act only within it; every
