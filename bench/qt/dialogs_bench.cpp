@@ -3,25 +3,16 @@
 // for the leaflet; then closed and discarded again.
 #include <benchmark/benchmark.h>
 
-#include <QTemporaryDir>
-
 #include "dialogs/qt/dialog_windows.h"
-#include "shell/qt/device_window.h"
-#include "shell/qt/qt_platform.h"
-#include "tests/shell/qt/qt_test_app.h"
+#include "tests/shell/qt/desktop_device.h"
 
 namespace nautrix {
 namespace {
 
 void BM_OpenDialog(benchmark::State& state) {
-  QTemporaryDir dir;
-  ScopedStoreFolder folder(dir.path());
-  QtPlatform platform(false);
-  Form1 form(platform);
-  DeviceWindow window(form);
-  platform.Attach(form, window);
-  platform.SaveSetting(kStoreApp, kStoreSection, "Auto Show", "True");
-  form.Form_Load();
+  DesktopDevice device;
+  device.Load();
+  QtPlatform& platform = device.platform;
   const auto dialog = static_cast<Dialog>(state.range(0));
   for (auto _ : state) {
     platform.OpenDialog(dialog);

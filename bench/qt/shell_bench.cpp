@@ -13,7 +13,7 @@
 #include "shell/qt/device_window.h"
 #include "shell/qt/qt_platform.h"
 #include "shell/qt/sound_voice.h"
-#include "tests/shell/qt/qt_test_app.h"
+#include "tests/shell/qt/desktop_device.h"
 
 namespace nautrix {
 namespace {
@@ -108,14 +108,9 @@ BENCHMARK(BM_VoiceFeed10ms);
 // A tick of the idle clock screen on the desktop platform, with the window
 // (offscreen) taking the repaint requests.
 void BM_IdleTickOnTheDesktop(benchmark::State& state) {
-  QTemporaryDir dir;
-  ScopedStoreFolder folder(dir.path());
-  QtPlatform platform(false);
-  Form1 form(platform);
-  DeviceWindow window(form);
-  platform.Attach(form, window);
-  form.Form_Load();
-  for (auto _ : state) form.Timer1_Timer();
+  DesktopDevice device;
+  device.Load();
+  for (auto _ : state) device.form.Timer1_Timer();
 }
 BENCHMARK(BM_IdleTickOnTheDesktop);
 
