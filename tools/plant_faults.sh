@@ -1,13 +1,17 @@
 #!/usr/bin/env bash
-# What the core tests catch: plants each fault of the list below, one at a
-# time, in a scratch copy of the tree, rebuilds the core tests there and runs
-# them. A fault is caught when the tests fail (or hang); a fault whose text
-# is no longer found exactly once in its file is reported as stale, so the
-# list can follow the code. The working tree is only read, never written.
+# What the tests catch: plants each fault of a list below, one at a time, in
+# a scratch copy of the tree, rebuilds the tests there and runs them. A fault
+# is caught when the tests fail (or hang); a fault whose text is no longer
+# found exactly once in its file is reported as stale, so the list can follow
+# the code. The working tree is only read, never written.
 #
-#   tools/plant_faults.sh [-v] [FAULT_NUMBER...]     (all faults by default)
+#   tools/plant_faults.sh [-v] [--qt] [FAULT_NUMBER...]   (all faults by default)
 #
-# With -v each caught fault is followed by the tests that caught it.
+# By default the core's faults against the core tests (nautrix_tests); with
+# --qt the desktop shell's faults against the Qt tests (nautrix_qt_tests),
+# under the offscreen platform. The end-to-end tier is not run: a fault only
+# it catches shows here as missed. With -v each caught fault is followed by
+# the tests that caught it.
 #
 # A fault is one line, "file: text => replacement"; a replacement left empty
 # removes the text. The faults are the kinds a slip of the hand makes: a gate
@@ -15,13 +19,17 @@
 # applied to the other route.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
-verbose=0
-if [ "${1:-}" = "-v" ]; then
-  verbose=1
+verbose=0 list=core
+while [ $# -gt 0 ]; do
+  case $1 in
+    -v) verbose=1 ;;
+    --qt) list=qt ;;
+    *) break ;;
+  esac
   shift
-fi
+done
 
-faults=$(cat <<'EOF'
+core_faults=$(cat <<'EOF'
 device/tick.cpp: if (IsVisible(Obj::BackCase)) return; =>
 device/tick.cpp: if (OverSeconds >= 60) { => if (OverSeconds >= 61) {
 device/tick.cpp: if (BonusBeats == 0 && CaptureBeats == 0 && BoatWait != 0) { => if (CaptureBeats == 0 && BoatWait != 0) {
@@ -69,6 +77,35 @@ dialogs/form2.cpp: OpenLink(Email, "mailto:" + Email.Caption); => OpenLink(Email
 EOF
 )
 
+# The desktop's side: the store's file, the voice and its cache, the wave
+# decoder, the window's repaints, pointer and keys, the pictures, the dialogs.
+qt_faults=$(cat <<'EOF'
+shell/qt/settings_store.cpp: a.st_dev == b.st_dev && a.st_ino == b.st_ino && => a.st_dev == b.st_dev &&
+shell/qt/settings_store.cpp: ok = ok && ::fsync(fd) == 0; =>
+shell/qt/settings_store.cpp: ok = ok && ::rename(temp.c_str(), path.c_str()) == 0; =>
+shell/qt/settings_store.cpp: ::flock(folder, LOCK_EX | LOCK_NB) => ::flock(folder, LOCK_SH | LOCK_NB)
+shell/qt/settings_store.cpp: if (!quoted && c == ';') break; => if (c == ';') break;
+shell/qt/sound_voice.cpp: Same(modified, other.modified) && Same(changed, other.changed); => Same(modified, other.modified);
+shell/qt/sound_voice.cpp: if (st.st_size <= kLargestWave) { => if (st.st_size <= 2 * kLargestWave) {
+shell/qt/wave_decoder.cpp: at = body + length + (length & 1); => at = body + length;
+shell/qt/wave_decoder.cpp: return (p[0] - 128) * 256.0; => return p[0] * 256.0;
+shell/qt/wave_decoder.cpp: uint64_t{kLongestSoundSeconds} * static_cast<uint64_t>(rate)); => uint64_t{kLongestSoundSeconds + 1} * static_cast<uint64_t>(rate));
+shell/qt/device_window.cpp: update(r.left, r.top, r.width, r.height); => update(r.left, r.top, r.width - 1, r.height);
+shell/qt/device_window.cpp: if (ButtonCode(event->buttons()) == 0) captured_ = Obj::Count; =>
+shell/qt/device_painter.cpp: for (int i = kClientObjectCount - 1; i >= 0; --i) { => for (int i = 0; i < kClientObjectCount; ++i) {
+shell/qt/keyboard_route.cpp: held_->scan == event.nativeScanCode() && => held_->scan == event.nativeScanCode();
+shell/qt/qt_platform.cpp: constexpr int kFrameTopTwips = 330; => constexpr int kFrameTopTwips = 345;
+shell/qt/built_pictures.cpp: if (device_pixel_ratio != 1) => if (device_pixel_ratio > 2)
+dialogs/qt/dialog_frame.cpp: if (second) second->setFocus(Qt::TabFocusReason); =>
+dialogs/qt/about_dialog.cpp: palette.setColor(QPalette::WindowText, QColor(c.red, c.green, c.blue)); =>
+EOF
+)
+if [ $list = qt ]; then
+  faults=$qt_faults target=nautrix_qt_tests
+else
+  faults=$core_faults target=nautrix_tests
+fi
+
 scratch=$(mktemp -d /tmp/nautrix-faults.XXXXXX)
 trap 'rm -rf "$scratch"' EXIT
 src=$scratch/src build=$scratch/build
@@ -81,10 +118,10 @@ command -v ccache >/dev/null && export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE
 cmake -S "$src" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DNAUTRIX_TESTS=ON -DNAUTRIX_BENCH=OFF >"$scratch/configure.log" 2>&1 ||
   { cat "$scratch/configure.log"; exit 1; }
-build_tests() { cmake --build "$build" --target nautrix_tests -j2 >"$scratch/build.log" 2>&1; }
+build_tests() { cmake --build "$build" --target $target -j2 >"$scratch/build.log" 2>&1; }
 # A fault may send a test round a loop for good: it has a minute and 2 GB.
 run_tests() {
-  (ulimit -v 2000000; exec timeout 60 "$build/tests/nautrix_tests" --gtest_brief=1) \
+  (ulimit -v 2000000; QT_QPA_PLATFORM=offscreen exec timeout 60 "$build/tests/$target" --gtest_brief=1) \
     >"$scratch/tests.log" 2>&1
 }
 # The tests that failed, or how the run ended.
@@ -96,7 +133,7 @@ failures() {
   fi
 }
 build_tests || { tail -20 "$scratch/build.log"; exit 1; }
-run_tests || { echo "the core tests fail without a fault: nothing to measure" >&2; exit 1; }
+run_tests || { echo "the tests ($target) fail without a fault: nothing to measure" >&2; exit 1; }
 
 count_of() { OLD=$2 perl -0ne 'print scalar(() = /\Q$ENV{OLD}\E/g)' "$1"; }
 
