@@ -101,9 +101,9 @@ dialogs/qt/about_dialog.cpp: palette.setColor(QPalette::WindowText, QColor(c.red
 EOF
 )
 if [ $list = qt ]; then
-  faults=$qt_faults target=nautrix_qt_tests
+  faults=$qt_faults tests=nautrix_qt_tests
 else
-  faults=$core_faults target=nautrix_tests
+  faults=$core_faults tests=nautrix_tests
 fi
 
 scratch=$(mktemp -d /tmp/nautrix-faults.XXXXXX)
@@ -118,10 +118,10 @@ command -v ccache >/dev/null && export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE
 cmake -S "$src" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DNAUTRIX_TESTS=ON -DNAUTRIX_BENCH=OFF >"$scratch/configure.log" 2>&1 ||
   { cat "$scratch/configure.log"; exit 1; }
-build_tests() { cmake --build "$build" --target $target -j2 >"$scratch/build.log" 2>&1; }
+build_tests() { cmake --build "$build" --target $tests -j2 >"$scratch/build.log" 2>&1; }
 # A fault may send a test round a loop for good: it has a minute and 2 GB.
 run_tests() {
-  (ulimit -v 2000000; QT_QPA_PLATFORM=offscreen exec timeout 60 "$build/tests/$target" --gtest_brief=1) \
+  (ulimit -v 2000000; QT_QPA_PLATFORM=offscreen exec timeout 60 "$build/tests/$tests" --gtest_brief=1) \
     >"$scratch/tests.log" 2>&1
 }
 # The tests that failed, or how the run ended.
@@ -133,7 +133,7 @@ failures() {
   fi
 }
 build_tests || { tail -20 "$scratch/build.log"; exit 1; }
-run_tests || { echo "the tests ($target) fail without a fault: nothing to measure" >&2; exit 1; }
+run_tests || { echo "the tests ($tests) fail without a fault: nothing to measure" >&2; exit 1; }
 
 count_of() { OLD=$2 perl -0ne 'print scalar(() = /\Q$ENV{OLD}\E/g)' "$1"; }
 
