@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # The dialogs as a user meets them: a first run's leaflet, centred and above,
-# turned by its keys and closed by Esc; O, Home and Enter store the slowest
-# Game B, then heard beating at 441 ms; About's mail link reaches the
-# desktop's opener as "mailto:"; a second run shows no leaflet.
+# turned by its keys and closed by Esc; O opens one Options however often it
+# is pressed, and Home and Enter there store the slowest Game B, then heard
+# beating at 441 ms; About's mail link changes its look while pressed and
+# reaches the desktop's opener as "mailto:"; a second run shows no leaflet.
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
@@ -61,6 +62,10 @@ e2e_wait_for 3 sh -c "! xwininfo -id $leaflet >/dev/null 2>&1" || e2e_fail "Esc 
 # Enter of the device's: no popup menu opens.
 e2e_key o
 e2e_wait_for 3 xdotool search --onlyvisible --name '^Nautrix Options$' || e2e_fail "O opened no options"
+e2e_key o
+sleep 0.3
+options_shown=$(xdotool search --onlyvisible --name '^Nautrix Options$' | wc -l)
+e2e_expect_eq "$options_shown" 1 "options windows after O twice"
 options=$(xdotool search --onlyvisible --name '^Nautrix Options$' | head -n1)
 xdotool windowactivate --sync "$options" key Home keydown Return sleep 0.3 keyup Return
 e2e_wait_for 3 sh -c "! xwininfo -id $options >/dev/null 2>&1" || e2e_fail "Enter left the options open"
@@ -73,7 +78,13 @@ xdotool mousemove --window "$E2E_WIN" --sync 30 45 click 1
 e2e_wait_for 3 xdotool search --onlyvisible --name '^Nautrix Simulator$' || e2e_fail "the logo opened no About"
 about=$(xdotool search --onlyvisible --name '^Nautrix Simulator$' | head -n1)
 read -r x y < <(e2e_window_position "$about")
-xdotool mousemove --sync $((x + 123)) $((y + 40)) click 1
+link=(93 34 60 12)
+unpressed=$(E2E_WIN=$about e2e_region "${link[@]}")
+xdotool mousemove --sync $((x + 123)) $((y + 40)) mousedown 1
+sleep 0.2
+[ "$(E2E_WIN=$about e2e_region "${link[@]}")" != "$unpressed" ] ||
+  e2e_fail "the pressed mail link looks as before"
+xdotool mouseup 1
 e2e_wait_for 3 grep -q '^mailto:.*@' "$E2E_DIR/opened" || e2e_fail "the mail link reached no opener"
 xdotool windowactivate --sync "$about" key Escape
 

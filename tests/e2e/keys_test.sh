@@ -2,8 +2,9 @@
 # The device worked from the keyboard and the pointer as a user works it, in a
 # real X server: the alarm set by keyboard lands in the store, S toggles the
 # sound, R erases the high scores and the alarm, GAME A by keyboard plays a
-# game to its end by itself, and a click on GAME A shows the high score while
-# held and starts the game at the release.
+# game to its end by itself, a click on GAME A shows the high score while
+# held and starts the game at the release, and a double click turns the
+# device over and back.
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
@@ -69,6 +70,18 @@ e2e_key r
 e2e_key t
 sleep 1.5
 e2e_silent 1 || e2e_fail "the reset did not end the game"
+
+# --- A double click on the case turns the device over; one on the back
+# turns it back.
+case_spot=(60 165 50 25)
+front=$(e2e_region "${case_spot[@]}")
+xdotool mousemove --window "$E2E_WIN" --sync 80 175 click --repeat 2 --delay 80 1
+sleep 0.3
+[ "$(e2e_region "${case_spot[@]}")" != "$front" ] ||
+  e2e_fail "a double click on the case did not turn the device over"
+xdotool click --repeat 2 --delay 80 1
+sleep 0.3
+e2e_expect_eq "$(e2e_region "${case_spot[@]}")" "$front" "the case after a double click on the back"
 
 # --- GAME A by keyboard, left alone, runs to game over: the game-over minute
 # is silent, while a game beeps at every beat. Fast speeds, as the options can

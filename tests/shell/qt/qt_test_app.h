@@ -1,7 +1,8 @@
 // The one application object of the shell's tests, under the offscreen
 // platform unless the run chose another, with a configuration folder of its
-// own so that no test reads or writes the user's store; and the small file
-// helpers the tests share.
+// own so that no test reads or writes the user's store (the tests' voices
+// are made without an audio server, so none is looked for); and the small
+// file helpers the tests share.
 #pragma once
 
 #include <QApplication>
@@ -32,10 +33,6 @@ inline QApplication& TestApp() {
     if (auto* existing = qobject_cast<QApplication*>(QCoreApplication::instance())) return existing;
     static QTemporaryDir config;
     qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
-    // No audio server to find, and none started for the tests.
-    qputenv("PULSE_SERVER", ("unix:" + config.path() + "/no-server").toUtf8());
-    const QString client = WriteFile(config.path() + "/client.conf", "autospawn = no\n");
-    qputenv("PULSE_CLIENTCONFIG", client.toUtf8());
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     static int argc = 1;
     static char name[] = "nautrix_qt_tests";
@@ -56,8 +53,6 @@ class ScopedStoreFolder {
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
                        qEnvironmentVariable("XDG_CONFIG_HOME"));
   }
-  ScopedStoreFolder(const ScopedStoreFolder&) = delete;
-  ScopedStoreFolder& operator=(const ScopedStoreFolder&) = delete;
 };
 
 }  // namespace nautrix

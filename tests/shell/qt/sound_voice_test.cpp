@@ -126,27 +126,16 @@ TEST_F(SoundVoiceTest, TheNewestSoundWinsAndAnythingElseIsSilence) {
   voice.Play(sound);
   voice.Play(Write("Beep2.wav", Tone(-2000, 300)));
   EXPECT_TRUE(Hears(300, -2000) && Hears(5000, 0));
-  QByteArray junk("RIFF\0\0\0\0WAVE", 12);
-  for (int i = 0; i < 4096; ++i) junk.append(static_cast<char>(i * 7919 % 251));
+  // Bytes that crash nothing are the fuzzer's; these are waves a player
+  // might half-read: no format chunk, a frame size that lies, an unknown
+  // extensible coding, a compressed coding.
   QByteArray no_format = Tone(7, 10), lying_block = Tone(7, 10);
   no_format.replace(24, 4, "junk");
   lying_block[44] = 4;
   const QByteArray bad_guid = Format(0xFFFE, 1, 8000, 16) +
                               QByteArray("\x16\0\x10\0\0\0\0\0\1\0\0\0", 12) + QByteArray(12, 'x');
-  const QByteArray kSilent[] = {"",
-                                "no sound",
-                                junk,
-                                Tone(7, 10).left(40),
-                                Tone(7, 10).left(52),
-                                no_format,
-                                lying_block,
-                                Wave(bad_guid, "\7\0"),
-                                Wave(Format(1, 1, kVoiceRate, 16).left(14), "\7\0"),
-                                Wave(Format(1, 0, kVoiceRate, 16), "\7\0"),
-                                Wave(Format(1, 1, 0, 16), "\7\0"),
-                                Wave(Format(1, 1, kVoiceRate, 12), "\7\0"),
-                                Wave(Format(2, 1, kVoiceRate, 16), "\7\0"),  // compressed
-                                Wave(Format(7, 1, kVoiceRate, 8), "\7")};    // mu-law
+  const QByteArray kSilent[] = {"no sound", no_format, lying_block, Wave(bad_guid, "\7\0"),
+                                Wave(Format(2, 1, kVoiceRate, 16), "\7\0")};
   QDir(dir.path()).mkdir("Directory.wav");
   const QString pipe = dir.path() + "/Pipe.wav";
   ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
@@ -164,8 +153,8 @@ TEST_F(SoundVoiceTest, TheNewestSoundWinsAndAnythingElseIsSilence) {
 }
 
 // However a file changes, its newest state is heard: copied over at its size
-// with its old times kept, replaced by another file of the same size and
-// times, removed and written again.
+// with its old times kept, or replaced by another file of the same size and
+// times (a file removed is the silence test's Missing.wav).
 TEST_F(SoundVoiceTest, TheNewestStateOfAFileIsHeard) {
   const QString path = Write("Beep0.wav", Tone(1000, 800));
   voice.Preload(path);
@@ -185,12 +174,6 @@ TEST_F(SoundVoiceTest, TheNewestStateOfAFileIsHeard) {
     voice.Play(path);
     EXPECT_TRUE(Hears(800, value)) << value;
   }
-  QFile::remove(path);
-  voice.Play(path);
-  EXPECT_TRUE(Hears(10, 0));
-  Write("Beep0.wav", Tone(-500, 100));
-  voice.Play(path);
-  EXPECT_TRUE(Hears(100, -500));
 }
 
 }  // namespace
