@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QThread>
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -157,6 +158,7 @@ TEST_F(SoundVoiceTest, TheNewestSoundWinsAndAnythingElseIsSilence) {
 // times (a file removed is the silence test's Missing.wav).
 TEST_F(SoundVoiceTest, TheNewestStateOfAFileIsHeard) {
   const QString path = Write("Beep0.wav", Tone(1000, 800));
+  QThread::msleep(20);  // past the file times' clock tick: the decode is sure of its stamp
   voice.Preload(path);
   voice.Play(path);
   EXPECT_TRUE(Hears(800, 1000));
