@@ -30,45 +30,37 @@ TEST_F(Dialogs, TheSpeedScaleBothWaysAndAtItsEnds) {
   struct Row { const char* stored; int value; const char* label; const char* written; };
   const Row rows[] = {{"170", 271, "Game B (272)", "170"}, {"441", 0, "Game B (1)", "441"},
                       {"1", 440, "Game B (441)", "1"},     {"0", 440, "Game B (441)", "1"},
-                      {"5000", 0, "Game B (1)", "441"},    {"-3", 440, "Game B (441)", "1"},
-                      {"fast", 271, "Game B (272)", "170"}};
+                      {"5000", 0, "Game B (1)", "441"},    {"fast", 271, "Game B (272)", "170"}};
   for (const Row& row : rows) {
     fake.store["Game B Speed"] = row.stored;
     Form3 dialog{form, window};
     dialog.Form_Load();
-    EXPECT_EQ(dialog.HScroll2.Value, row.value) << row.stored;
-    EXPECT_EQ(dialog.GameBSpeed.Caption, row.label) << row.stored;
+    EXPECT_EQ(dialog.GameBSpeed.Caption + " " + std::to_string(dialog.HScroll2.Value),
+              std::string(row.label) + " " + std::to_string(row.value));
     dialog.Command3_Click();
     EXPECT_EQ(fake.store["Game B Speed"], row.written) << row.stored;
   }
 }
 
-// The load fills the controls from the store and the sound mark, turns the
-// focus on to the Game B bar, stacks by the mark, and leaves Apply off.
-TEST_F(Dialogs, OptionsLoad) {
-  form.mSound.Checked = false;  // the mark, not the store, rules the sound
+// The load fills the controls from the store and the marks (the sound's
+// mark, not the store, rules the sound), stacks by the mark, and leaves
+// Apply off. Apply comes on at any change of a control, and goes off again
+// at Apply; a dragged thumb renews its label all the way but turns Apply on
+// only when let go elsewhere than it began.
+TEST_F(Dialogs, TheLoadAndTheApplyCycle) {
+  form.mSound.Checked = false;
   form.mAlwaysOnTop.Checked = true;
   fake.store["Always on Top"] = "False";
   options.Form_Load();
-  EXPECT_EQ(options.GameASpeed.Caption + options.GameBSpeed.Caption + options.DiverSpeed.Caption,
-            "Game A (222)Game B (272)Diver (142)");
-  EXPECT_TRUE(options.SoundOff.Value && !options.SoundOn.Value);
-  EXPECT_EQ(options.Check1.Value * 10 + options.Check2.Value, 10);
+  EXPECT_EQ(options.GameASpeed.Caption + options.DiverSpeed.Caption, "Game A (222)Diver (142)");
+  EXPECT_TRUE(options.SoundOff.Value && options.Check1.Value && !options.Check2.Value);
   EXPECT_FALSE(options.Command3.Enabled);
-  EXPECT_EQ(window.tabs, 1);
-  EXPECT_EQ(fake.calls, std::vector<std::string>{"Form3 Topmost"});
-}
-
-// Apply comes on at any change of a control, and goes off again at Apply; a
-// dragged thumb renews its label all the way but turns Apply on only when
-// let go elsewhere than it began.
-TEST_F(Dialogs, TheApplyCycle) {
-  options.Form_Load();
+  EXPECT_EQ(Joined(fake.calls) + " " + std::to_string(window.tabs), "Form3 Topmost 1");
   const std::function<void()> changes[] = {
       [&] { options.SetValue(options.HScroll1, 0); },
       [&] { options.SetValue(options.HScroll3, 440); },
-      [&] { options.SetValue(options.SoundOff, true); },
       [&] { options.SetValue(options.SoundOn, true); },
+      [&] { options.SetValue(options.SoundOff, true); },
       [&] { options.SetValue(options.Check1, 0); },
       [&] { options.SetValue(options.Check2, 1); },
       [&] { options.Command4_Click(); }};
@@ -78,52 +70,42 @@ TEST_F(Dialogs, TheApplyCycle) {
     options.Command3_Click();
     EXPECT_FALSE(options.Command3.Enabled);
   }
-  options.DragThumb(options.HScroll2, 10);
-  options.DragThumb(options.HScroll2, 20);
-  EXPECT_EQ(options.GameBSpeed.Caption, "Game B (21)");
-  EXPECT_FALSE(options.Command3.Enabled);
-  options.ReleaseThumb(options.HScroll2);
-  EXPECT_TRUE(options.Command3.Enabled);
-  options.Command3_Click();
-  options.DragThumb(options.HScroll2, 30);
-  options.DragThumb(options.HScroll2, 20);
-  options.ReleaseThumb(options.HScroll2);
-  EXPECT_FALSE(options.Command3.Enabled);
+  for (const bool moved : {true, false}) {  // let go elsewhere, then where it began
+    options.DragThumb(options.HScroll2, 30);
+    options.DragThumb(options.HScroll2, 20);
+    EXPECT_EQ(options.GameBSpeed.Caption + (options.Command3.Enabled ? " on" : ""), "Game B (21)");
+    options.ReleaseThumb(options.HScroll2);
+    EXPECT_EQ(options.Command3.Enabled, moved);
+    if (moved) options.Command3_Click();
+  }
   EXPECT_EQ(Speeds(), "220 421 300 True");
-}
-
-// OK applies even with Apply off: every speed and the sound are written
-// again and the three marks set, and the dialog ends.
-TEST_F(Dialogs, OkWithApplyOff) {
-  fake.store["Auto Show"] = "False";
-  options.Form_Load();
-  form.mAutoShow.Checked = form.mAlwaysOnTop.Checked = true;
-  Forget();
-  options.Command1_Click();
-  EXPECT_EQ(Joined(fake.store_writes),
-            "Game A Speed=220;Game B Speed=170;Diver Speed=300;Sound=True");
-  EXPECT_FALSE(form.mAutoShow.Checked || form.mAlwaysOnTop.Checked);
-  EXPECT_EQ(window.unloads, 1);
 }
 
 // Default sets the controls only: Cancel after it changes nothing. Applied,
 // it writes the factory speeds and the sound, and checks the two window
-// marks without writing their keys or changing the stacking.
-TEST_F(Dialogs, DefaultThenCancelOrApply) {
+// marks without writing their keys or changing the stacking. OK applies
+// even with Apply off, the marks as the dialog shows them, and it ends.
+TEST_F(Dialogs, DefaultThenCancelApplyOrOk) {
   fake.store["Game A Speed"] = "9";
   fake.store["Always on Top"] = "False";
   form.mSound.Checked = false;
-  for (bool apply : {false, true}) {
+  for (int button : {2, 3, 1}) {
     Form3 dialog{form, window};
     dialog.Form_Load();
     Forget();
-    dialog.Command4_Click();
-    apply ? dialog.Command3_Click() : dialog.Command2_Click();
-    EXPECT_EQ(Speeds(), apply ? "220 170 300 True" : "9 170 300 True");
-    EXPECT_EQ(form.mSound.Checked && form.mAlwaysOnTop.Checked && form.mAutoShow.Checked, apply);
-    EXPECT_TRUE(fake.calls.empty());
-    EXPECT_EQ(fake.store_writes.size(), apply ? 4u : 0u);
+    if (button != 1) dialog.Command4_Click();
+    if (button == 1) form.mAutoShow.Checked = false, form.mAlwaysOnTop.Checked = true;
+    button == 1 ? dialog.Command1_Click() : button == 2 ? dialog.Command2_Click()
+                                                        : dialog.Command3_Click();
+    EXPECT_EQ(Speeds(), button == 2 ? "9 170 300 True" : "220 170 300 True");
+    // The marks of the sound, Always on Top and Auto Show.
+    EXPECT_EQ(std::string(form.mSound.Checked ? "s" : "") + (form.mAlwaysOnTop.Checked ? "t" : "") +
+                  (form.mAutoShow.Checked ? "a" : ""),
+              button == 2 ? "a" : button == 3 ? "sta" : "sa");
+    EXPECT_EQ(Joined(fake.calls) + Joined(fake.store_writes),
+              button == 2 ? "" : "Game A Speed=220;Game B Speed=170;Diver Speed=300;Sound=True");
   }
+  EXPECT_EQ(window.unloads, 2);
 }
 
 // An Apply in a game changes the pace at once; in the demo's boat count it

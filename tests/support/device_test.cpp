@@ -5,6 +5,14 @@
 
 namespace nautrix {
 
+// The digit a place of the readout shows, or -1 when it is dark.
+static int DigitAt(const Form1& f, Obj place) {
+  for (int d = 0; d <= 9; ++d) {
+    if (f.IsVisible(place) && f.SamePicture(place, Number(d))) return d;
+  }
+  return -1;
+}
+
 // Each broken invariant is told by its own condition.
 #define NAUTRIX_HOLDS(condition) \
   if (!(condition)) out << #condition << "\n"
@@ -41,10 +49,7 @@ std::string InvariantViolations(const Form1& f) {
   int digits[4];
   const Obj places[] = {HourDigit(0), HourDigit(1), MinuteDigit(0), MinuteDigit(1)};
   for (int i = 0; i < 4; ++i) {
-    digits[i] = -1;
-    for (int d = 0; d <= 9; ++d) {
-      if (f.IsVisible(places[i]) && f.SamePicture(places[i], Number(d))) digits[i] = d;
-    }
+    digits[i] = DigitAt(f, places[i]);
     NAUTRIX_HOLDS(!f.IsVisible(places[i]) || digits[i] >= 0);
   }
   if (!f.ScoreShown && f.IsVisible(Obj::am) != f.IsVisible(Obj::pm)) {
@@ -89,19 +94,11 @@ void DeviceTest::NextSecond(int count) {
   }
 }
 
-void DeviceTest::Forget() {
-  fake.ForgetRecords();
-  fake.rnd_draws = 0;
-}
-
 std::string DeviceTest::Readout() const {
   std::string shown;
   for (Obj o : {HourDigit(0), HourDigit(1), MinuteDigit(0), MinuteDigit(1)}) {
-    char c = '-';
-    for (int d = 0; d <= 9; ++d) {
-      if (Lit(o) && Shows(o, Number(d))) c = static_cast<char>('0' + d);
-    }
-    shown += c;
+    const int d = DigitAt(form, o);
+    shown += d < 0 ? '-' : static_cast<char>('0' + d);
   }
   return shown + " " + (Lit(Obj::am) ? "am" : "") + (Lit(Obj::pm) ? "pm" : "") +
          (Lit(Obj::Colon) ? ":" : "");

@@ -44,9 +44,7 @@ class DeviceTest : public ::testing::Test {
   // The device clock moves on a second, then one tick.
   void NextSecond(int count = 1);
   void ExpectInvariants();
-  // Forgets what the device has done so far: calls, store writes, timer
-  // intervals, sounds and random draws.
-  void Forget();
+  void Forget() { fake.ForgetRecords(); }
 
   // ---- What the device shows and sounds ----------------------------------
   bool Lit(Obj o) const { return form.IsVisible(o); }

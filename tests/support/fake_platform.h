@@ -40,13 +40,10 @@ class FakePlatform : public Platform {
   int rnd_draws = 0;
   float left = 0, top = 0;  // window position as the window reports it
 
-  // Forgets what the device has done so far: calls, store writes, timer
-  // intervals and sounds.
+  // Forgets what the device has done so far.
   void ForgetRecords() {
-    calls.clear();
-    store_writes.clear();
-    intervals.clear();
-    sounds.clear();
+    calls.clear(), store_writes.clear(), intervals.clear(), sounds.clear();
+    rnd_draws = 0;
   }
   // Sets the device clock to h:m:s, 24-hour.
   void SetDeviceTime(int h, int m, int s) { seconds = h * 3600 + m * 60 + s; }
