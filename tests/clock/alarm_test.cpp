@@ -29,13 +29,10 @@ class AlarmRinging : public Scene {
 
 // Hour, minutes and half of the day are compared, not the seconds.
 TEST_F(AlarmRinging, TwelvePmRingsAtNoonAndTwelveAmAtMidnight) {
-  const struct {
-    const char* alarm;
-    int h, m, s;
-    const char* heard;
-  } cases[] = {{"120000 PM", 0, 0, 0, "0"},   {"120000 PM", 12, 0, 0, "1 rings ba"},
-               {"120000 AM", 12, 0, 1, "0"},  {"120000 AM", 0, 0, 1, "1 rings ba"},
-               {"063000 PM", 6, 30, 59, "0"}, {"063000 PM", 18, 30, 59, "1 rings ba"}};
+  const struct { const char* alarm; int h, m, s; const char* heard; } cases[] = {
+      {"120000 PM", 0, 0, 0, "0"},   {"120000 PM", 12, 0, 0, "1 rings ba"},
+      {"120000 AM", 12, 0, 1, "0"},  {"120000 AM", 0, 0, 1, "1 rings ba"},
+      {"063000 PM", 6, 30, 59, "0"}, {"063000 PM", 18, 30, 59, "1 rings ba"}};
   for (const auto& c : cases) {
     fake.store[store::kAlarmTime] = c.alarm;
     Heard(3, 0, 30);

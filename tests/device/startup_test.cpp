@@ -73,11 +73,7 @@ TEST_F(StartUp, AStoreIsRepairedKeyByKey) {
 
 TEST_F(StartUp, JunkNumbersTimesAndBooleansReadAsTheKeysDefault) {
   fake.FillDefaultStore();
-  const struct {
-    const char* key;
-    const char* stored;
-    int read;
-  } numbers[] = {
+  const struct { const char* key; const char* stored; int read; } numbers[] = {
       {"Game A Speed", "fast", 220}, {"Game A Speed", "-5", 220},   {"Game A Speed", "0", 220},
       {"Game A Speed", "442", 220},  {"Game A Speed", " 150 ", 150}, {"Game B Speed", "12.5", 170},
       {"Game B Speed", "441", 441},  {"Diver Speed", "", 300},      {"Diver Speed", "1", 1},

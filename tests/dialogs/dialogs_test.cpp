@@ -132,7 +132,8 @@ TEST_F(Dialogs, ThePageRing) {
   std::string pages;
   for (int key : {33, 13, 34, 39, 40, 37, 38, 8, 35, 35, 36, 36, 39, 39, 39, 36, 35, 65}) {
     leaflet.Form_KeyDown(key, 0);
-    pages += std::to_string(leaflet.Picture1) + (leaflet.Label1.Visible ? leaflet.Label1.Caption : "-");
+    pages += std::to_string(leaflet.Picture1);
+    pages += leaflet.Label1.Visible ? leaflet.Label1.Caption : "-";
   }
   EXPECT_EQ(pages, "991-22334433221-99991-1-2233441-9999");
   leaflet.Form_KeyDown(27, 0);

@@ -66,14 +66,10 @@ TEST_F(Bonus, ReachedOnTheBoat) {
 // strictly higher score is written, under its own game's key; a junk stored
 // value counts as 0; the demo stores nothing.
 TEST(HighScore, TheWrapFrom999AndOnlyAHigherScoreOfTheGameIsStored) {
-  const struct {
-    int mode;
-    const char* stored;
-    int score;
-    const char* written;
-  } cases[] = {{1, "77", 77, ""}, {2, "77", 77, ""}, {1, "77", 78, "Game A High Score=78"},
-               {2, "77", 78, "Game B High Score=78"}, {2, "lots", 3, "Game B High Score=3"},
-               {0, "0", 900, ""}, {1, "500", 999, "Game A High Score=999"}};
+  const struct { int mode; const char* stored; int score; const char* written; } cases[] = {
+      {1, "77", 77, ""}, {2, "77", 77, ""}, {1, "77", 78, "Game A High Score=78"},
+      {2, "77", 78, "Game B High Score=78"}, {2, "lots", 3, "Game B High Score=3"},
+      {0, "0", 900, ""}, {1, "500", 999, "Game A High Score=999"}};
   for (const auto& c : cases) {
     FakePlatform fake;
     fake.FillDefaultStore();
@@ -99,9 +95,7 @@ using Pace = Scene;
 // pace of the scenes, the idle pace and the setting's pace are played in
 // the scenes' own tests.)
 TEST_F(Pace, OfTheScoreAtTheBandEdges) {
-  const struct {
-    int mode, base, score, interval;
-  } cases[] = {
+  const struct { int mode, base, score, interval; } cases[] = {
       {1, 220, 69, 220},  {1, 220, 70, 190},  {1, 220, 99, 190},  {1, 220, 100, 220},
       {1, 220, 190, 160}, {1, 220, 200, 220}, {1, 220, 399, 140}, {1, 220, 830, 170},
       {1, 220, 999, 140}, {2, 170, 29, 170},  {2, 170, 30, 140},  {2, 170, 70, 110},

@@ -27,8 +27,8 @@ TEST_P(Excursion, OfEachTentacle) {
   }
   for (int turn = 1; turn <= 2 * m; ++turn) {
     EXPECT_EQ(form.TentacleLength[t], turn <= m ? turn : 2 * m - turn) << "turn " << turn;
-    EXPECT_EQ(form.TentacleDown[t], turn == m ? 1 : 0);
-    EXPECT_EQ(form.TentacleBack[t], turn >= m && turn < 2 * m ? 1 : 0);
+    EXPECT_EQ(form.TentacleDown[t] * 10 + form.TentacleBack[t],
+              (turn == m) * 10 + (turn >= m && turn < 2 * m));
     if (turn < 2 * m) Tick(5);
   }
   // Two numbers a turn, one more on each turn back and one for the pick.
@@ -63,12 +63,10 @@ TEST_F(Tentacles, TheStartChanceAndTheLeftPairsGate) {
 // Game B alone lets a tentacle at its last segment turn out again, one time
 // in ten; the number is drawn on the way back in both games.
 TEST_F(Tentacles, OnlyGameBTurnsATentacleAtItsLastSegment) {
-  const struct {
-    int mode, length;
-    float r4;
-    const char* after;  // lengths after the turn, and five ticks on
-  } cases[] = {{1, 1, 0.05f, "00000 00000"}, {2, 1, 0.05f, "00100 00200"},
-               {2, 1, 0.1f, "00000 00000"},  {2, 2, 0.0f, "00100 00000"}};
+  // The lengths after the turn, and five ticks on.
+  const struct { int mode, length; float r4; const char* after; } cases[] = {
+      {1, 1, 0.05f, "00000 00000"}, {2, 1, 0.05f, "00100 00200"},
+      {2, 1, 0.1f, "00000 00000"},  {2, 2, 0.0f, "00100 00000"}};
   for (const auto& c : cases) {
     form.Playing = false;
     Play(c.mode);

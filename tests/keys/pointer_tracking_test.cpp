@@ -97,11 +97,7 @@ TEST_F(Slide, AclOrTheRightKeySlidOffDoNothingAtTheRelease) {
 // inner edges hold a held key down. ALARM's corner is both.
 TEST_F(Slide, TheColumnsAndRowsWhereKeysAndObjectsDiffer) {
   Enter(Mode::ClockSet);
-  const struct {
-    Obj key;
-    Point at;
-    bool object, rectangle;
-  } cases[] = {
+  const struct { Obj key; Point at; bool object, rectangle; } cases[] = {
       {Obj::GameAButton, {297, 28}, false, true},  {Obj::GameAButton, {298, 28}, false, false},
       {Obj::LeftButton, {37, 150}, true, false},   {Obj::LeftButton, {37, 126}, false, true},
       {Obj::RightButton, {295, 151}, true, false}, {Obj::RightButton, {283, 140}, true, false},

@@ -121,7 +121,8 @@ class Stream : public FakePlatform {
     if (quit_) return;
     const std::string broken = InvariantViolations(*form_);
     if (broken.empty()) ++checks;
-    else if (failure.empty()) failure = "event " + std::to_string(events) + ", " + what + ":\n" + broken;
+    else if (failure.empty())
+      failure = std::string(what) + " at event " + std::to_string(events) + ":\n" + broken;
   }
 
   void StartRun() {

@@ -23,7 +23,8 @@ std::string InvariantViolations(const Form1& f) {
   NAUTRIX_HOLDS(f.Misses != 4 || f.Playing);
   NAUTRIX_HOLDS(f.PressedKey == kNoKey || !f.KeyLatch);
   NAUTRIX_HOLDS(f.TentacleLength[0] == 0 || f.TentacleLength[1] == 0);  // one root
-  NAUTRIX_HOLDS(f.TentacleDown[5] + f.TentacleBack[5] + f.TentacleLength[5] + f.TentacleMax[5] == 0);
+  NAUTRIX_HOLDS(f.TentacleDown[5] + f.TentacleBack[5] + f.TentacleLength[5] + f.TentacleMax[5] ==
+                0);
   for (int t = 0; t <= 4; ++t) {
     NAUTRIX_HOLDS(f.TentacleDown[t] == 0 || f.TentacleLength[t] == f.TentacleMax[t]);
     NAUTRIX_HOLDS(f.TentacleLength[t] <= f.TentacleMax[t]);
