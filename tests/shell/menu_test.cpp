@@ -35,11 +35,8 @@ TEST_F(MenuAndTray, OnlyTheDoubleClickAndTheRightReleaseOfTheTrayAct) {
 // Back store nothing. Exit takes the icon away first, stops the tick and
 // writes nothing.
 TEST_F(MenuAndTray, EachToggleFlipsItsMarkAndStoresWhatItShould) {
-  const struct {
-    void (Form1::*click)();
-    MenuItem Form1::*mark;
-    const char* did;  // calls | store writes
-  } toggles[] = {
+  // The item, its mark, and the calls | store writes of the two clicks.
+  const struct { void (Form1::*click)(); MenuItem Form1::*mark; const char* did; } toggles[] = {
       {&Form1::mHide_Click, &Form1::mHide, "HideWindow;ShowWindow|"},
       {&Form1::mSound_Click, &Form1::mSound, "|Sound=False;Sound=True"},
       {&Form1::mAutoShow_Click, &Form1::mAutoShow, "|Auto Show=False;Auto Show=True"},
@@ -67,12 +64,8 @@ TEST_F(MenuAndTray, EachToggleFlipsItsMarkAndStoresWhatItShould) {
 // under the keys' gates, where ACL alone passes while the boat counts. The
 // logo shows its normal look once the menu has closed.
 TEST_F(MenuAndTray, TheMenuOpensFromTheWindowUnderItsGates) {
-  const struct {
-    Obj object;
-    int button;
-    int16_t held;                 // PressedKey
-    bool latch, counting, opens;  // KeyLatch, the boat counting in a game
-  } cases[] = {
+  // PressedKey, KeyLatch, and the boat counting in a game.
+  const struct { Obj object; int button; int16_t held; bool latch, counting, opens; } cases[] = {
       {Obj::FrontCase, 2, kNoKey, 0, 0, 1},      {Obj::FrontCase, 2, kGameAKey, 0, 0, 0},
       {Obj::BackCase, 4, kNoKey, 0, 0, 0},       {Tentacle(2, 1), 2, kGameAKey, 0, 0, 1},
       {Obj::Treasure, 4, kNoKey, 0, 0, 1},       {Obj::Colon, 2, kNoKey, 0, 0, 0},
@@ -91,10 +84,8 @@ TEST_F(MenuAndTray, TheMenuOpensFromTheWindowUnderItsGates) {
     form.KeyLatch = c.latch;
     form.MouseDown(c.object, c.button, 0, 0, 0);
     EXPECT_EQ(Joined(fake.calls), c.opens ? "PopupMenu" : "") << Info(c.object).name;
-    if (c.object == Obj::Logo) {
-      EXPECT_TRUE(Shows(Obj::Logo, TPLogo(0)));
-    }
-    form.CopyPicture(TPLogo(0), Obj::Logo);
+    EXPECT_TRUE(c.object != Obj::Logo || Shows(Obj::Logo, TPLogo(0)));
+    form.CopyPicture(TPLogo(0), Obj::Logo);  // the hover of the menu's pointer ends
   }
 }
 
