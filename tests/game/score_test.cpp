@@ -65,27 +65,23 @@ TEST_F(Bonus, ReachedOnTheBoat) {
 // After 999 the score goes on at 1, and 999 is stored first. Only a
 // strictly higher score is written, under its own game's key; a junk stored
 // value counts as 0; the demo stores nothing.
-TEST(HighScore, TheWrapFrom999AndOnlyAHigherScoreOfTheGameIsStored) {
+using HighScore = Scene;
+
+TEST_F(HighScore, TheWrapFrom999AndOnlyAHigherScoreOfTheGameIsStored) {
   const struct { int mode; const char* stored; int score; const char* written; } cases[] = {
       {1, "77", 77, ""}, {2, "77", 77, ""}, {1, "77", 78, "Game A High Score=78"},
       {2, "77", 78, "Game B High Score=78"}, {2, "lots", 3, "Game B High Score=3"},
       {0, "0", 900, ""}, {1, "500", 999, "Game A High Score=999"}};
   for (const auto& c : cases) {
-    FakePlatform fake;
-    fake.FillDefaultStore();
     fake.store[store::kGameAHighScore] = fake.store[store::kGameBHighScore] = c.stored;
-    Form1 form(fake);
+    Forget();
     form.GameMode = static_cast<uint8_t>(c.mode);
     form.Playing = true;
     form.Score = static_cast<int16_t>(c.score);
-    if (c.score == 999) {
-      form.AddPoint();
-      EXPECT_EQ(form.Score, 1);
-    } else {
-      form.StoreHighScore();
-    }
+    c.score == 999 ? form.AddPoint() : form.StoreHighScore();
     EXPECT_EQ(fake.store_writes.empty() ? "" : fake.store_writes[0], c.written) << c.score;
   }
+  EXPECT_EQ(form.Score, 1);  // after 999
 }
 
 using Pace = Scene;

@@ -5,24 +5,6 @@
 namespace nautrix {
 namespace {
 
-using KeyActions = Scene;
-
-// ALARM enters the setting with the stored alarm, at the setting's pace;
-// the keys step the edit, ALARM toggles and stores the on state, TIME held
-// shows the clock and its release stores the alarm.
-TEST_F(KeyActions, TheAlarmIsSetArmedAndStoredByThePointer) {
-  Down(By::Pointer, Obj::AlarmButton);
-  EXPECT_EQ(Readout(), "1200 pm:");
-  Up(By::Pointer, Obj::AlarmButton);
-  EXPECT_EQ(form.Timer1Interval(), 200);
-  for (Obj key : {Obj::LeftButton, Obj::RightButton, Obj::AlarmButton}) Click(By::Pointer, key);
-  EXPECT_EQ(Joined(fake.store_writes), "Alarm On=True");
-  Down(By::Pointer, Obj::TimeButton);
-  EXPECT_EQ(Readout(), "-900 am:");
-  Up(By::Pointer, Obj::TimeButton);
-  EXPECT_EQ(fake.store[store::kAlarmTime] + std::to_string(form.Timer1Interval()), "010100 PM50");
-}
-
 class Routes : public Scene, public ::testing::WithParamInterface<By> {
  protected:
   bool pointer() const { return GetParam() == By::Pointer; }

@@ -7,41 +7,31 @@ namespace {
 
 using Keyboard = Scene;
 
-constexpr int kLeft = 37, kUp = 38, kT = 84, kS = 83, kX = 88;
+constexpr int kLeft = 37, kUp = 38, kT = 84, kS = 83, kX = 88, kF1 = 112, kI = 73;
 
 // Left and Up are one key: with Left held Up is turned away, and Up's
 // key-up ends the hold; Up alone steps the hour as well. X tapped while T
 // is held releases TIME.
 TEST_F(Keyboard, LeftAndUpAreOneKeyAndAnyKeyUpEndsTheHold) {
   Enter(Mode::ClockSet);
-  KeyDown(kLeft);
-  KeyDown(kUp);
-  KeyUp(kUp);
+  Keys({kLeft, kUp, -kUp});
   EXPECT_FALSE(IsDown(Obj::LeftButton) || form.KeyLatch);
-  KeyUp(kLeft);
-  KeyDown(kUp);
-  KeyUp(kUp);
+  Keys({-kLeft, kUp, -kUp});
   EXPECT_EQ(form.EditTimeText, "020000 AM");
-  KeyDown(kT);
-  KeyDown(kX);
-  KeyUp(kX);
-  EXPECT_EQ(fake.calls, std::vector<std::string>{"SetTimeOfDay 02:00:00 AM"});
+  Keys({kT, kX, -kX});
+  EXPECT_EQ(Joined(fake.calls), "SetTimeOfDay 02:00:00 AM");
 }
 
 // S tapped flips the sound mark and stores it; S tapped while T is held
 // releases TIME instead; while the boat counts in a game S is dead too.
 TEST_F(Keyboard, STappedFlipsTheSound) {
-  KeyDown(kS);
-  KeyUp(kS);
+  Keys({kS, -kS});
   EXPECT_EQ(fake.store[store::kSound], "False");
-  KeyDown(kT);
-  KeyDown(kS);
-  KeyUp(kS);
+  Keys({kT, kS, -kS});
   EXPECT_FALSE(IsDown(Obj::TimeButton) || form.mSound.Checked);
   Enter(Mode::Game);
   form.BoatBeats = 2;
-  KeyDown(kS);
-  KeyUp(kS);
+  Keys({kS, -kS});
   EXPECT_FALSE(form.mSound.Checked);
 }
 
@@ -62,20 +52,19 @@ TEST_F(Keyboard, APressWhileTheOtherRouteHoldsAKeyIsIgnored) {
   EXPECT_EQ(form.GameMode, 1);
 }
 
-// The menu keys act at their key-up alone, in every mode, past the gates of
-// the device keys, and leave a held device key held.
+// The menu keys (F1 and I the instructions, B the back, O the options,
+// Enter the menu) act at their key-up alone, in every mode, past the gates
+// of the device keys, and leave a held device key held.
 TEST_F(Keyboard, MenuKeysActAtTheirKeyUpPastEveryGate) {
   Enter(Mode::Game);
   form.BoatBeats = 2;
-  KeyDown(112);
+  Keys({kF1});
   EXPECT_TRUE(fake.calls.empty());
-  for (int code : {112, 73, 66, 79, 13}) KeyUp(code);
-  EXPECT_EQ(fake.calls, (std::vector<std::string>{"Open Form4", "Open Form4", "Open Form3",
-                                                  "PopupMenu"}));
+  Keys({-kF1, -kI, -66, -79, -13});
+  EXPECT_EQ(Joined(fake.calls), "Open Form4;Open Form4;Open Form3;PopupMenu");
   EXPECT_TRUE(form.mBack.Checked && Lit(Obj::BackCase));
   form.BoatBeats = 0;
-  KeyDown(kT);
-  KeyUp(73);
+  Keys({kT, -kI});
   EXPECT_TRUE(IsDown(Obj::TimeButton) && form.KeyLatch);
 }
 

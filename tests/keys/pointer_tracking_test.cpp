@@ -44,9 +44,11 @@ TEST_F(Slide, TheGameKeys) {
 }
 
 // Slid off, ALARM undoes the entry and the idle time returns; slid back on,
-// the entry is made again, reloading the edit and the alarm's on state. In
-// the set stage a slide-off undoes the press's toggle and the release
-// stores nothing; a release on the key stores it.
+// the entry is made again, reloading the edit and the alarm's on state, and
+// the release sets it at the setting's pace. In the set stage a slide-off
+// undoes the press's toggle and the release stores nothing; a release on the
+// key stores it. The pointer steps the edit at the release; TIME held shows
+// the clock, and its release stores the alarm and leaves the setting.
 TEST_F(Slide, TheAlarmKey) {
   fake.store[store::kAlarmTime] = "063000 AM";
   fake.store[store::kAlarmOn] = "True";
@@ -59,7 +61,7 @@ TEST_F(Slide, TheAlarmKey) {
   SlideTo(Obj::AlarmButton);
   EXPECT_TRUE(form.EditTimeText == "063000 AM" && form.AlarmArmed);
   Up(By::Pointer, Obj::AlarmButton);
-  EXPECT_EQ(form.AlarmSetting, 2);
+  EXPECT_TRUE(form.AlarmSetting == 2 && form.Timer1Interval() == 200);
   Forget();
 
   Down(By::Pointer, Obj::AlarmButton);
@@ -70,6 +72,11 @@ TEST_F(Slide, TheAlarmKey) {
   EXPECT_TRUE(fake.store_writes.empty());
   Click(By::Pointer, Obj::AlarmButton);
   EXPECT_EQ(fake.store[store::kAlarmOn], "False");
+  for (Obj key : {Obj::LeftButton, Obj::RightButton}) Click(By::Pointer, key);
+  Down(By::Pointer, Obj::TimeButton);
+  EXPECT_EQ(Readout(), "-900 am:");
+  Up(By::Pointer, Obj::TimeButton);
+  EXPECT_EQ(fake.store[store::kAlarmTime] + std::to_string(form.Timer1Interval()), "073100 AM50");
 }
 
 // ACL slid off calls the reset off, and a right key slid off in a game

@@ -205,24 +205,21 @@ int DeviceTest::CodeOf(Obj key) {
 }
 
 void DeviceTest::Down(By by, Obj key) {
-  if (by == By::Keyboard) return KeyDown(CodeOf(key));
+  if (by == By::Keyboard) return Keys({CodeOf(key)});
   PressAt(key, Middle(key));
 }
 
 void DeviceTest::Up(By by, Obj key) {
-  if (by == By::Keyboard) return KeyUp(CodeOf(key));
+  if (by == By::Keyboard) return Keys({-CodeOf(key)});
   form.MouseUp(key, 1, 0, 0, 0);
   ExpectInvariants();
 }
 
-void DeviceTest::KeyDown(int code) {
-  form.Form_KeyDown(code, 0);
-  ExpectInvariants();
-}
-
-void DeviceTest::KeyUp(int code) {
-  form.Form_KeyUp(code, 0);
-  ExpectInvariants();
+void DeviceTest::Keys(std::initializer_list<int> codes) {
+  for (const int code : codes) {
+    code > 0 ? form.Form_KeyDown(code, 0) : form.Form_KeyUp(-code, 0);
+    ExpectInvariants();
+  }
 }
 
 }  // namespace nautrix

@@ -93,8 +93,8 @@ class DeviceTest : public ::testing::Test {
     Down(by, key);
     Up(by, key);
   }
-  void KeyDown(int code);
-  void KeyUp(int code);
+  // Key-downs of the codes, and key-ups of the negated codes, in order.
+  void Keys(std::initializer_list<int> codes);
 };
 
 // Scenes start from the loaded idle device, its time on the readout, with
