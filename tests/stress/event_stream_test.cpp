@@ -71,7 +71,7 @@ class Stream : public FakePlatform {
     Nest([&] {
       for (int n = Pick(4); n > 0; --n) {
         const int roll = Pick(3);
-        if (roll == 0) Deliver("tick", [&] { Tick(); });
+        if (roll == 0) Tick();
         else if (roll == 1) TrayMessage();
         else DialogEvent();
       }
@@ -82,8 +82,8 @@ class Stream : public FakePlatform {
   void ProcessEvents() override {
     Nest([&] {
       for (int n = Pick(3); n > 0; --n) {
-        if (Chance(0.5)) Deliver("tick", [&] { Tick(); });
-        else PointerMove();
+        if (Chance(0.5)) Tick();
+        else PointerEvent(4);
       }
     });
   }
@@ -137,21 +137,23 @@ class Stream : public FakePlatform {
 
   void TopEvent() {
     const int roll = Pick(100);
-    if (roll < 35) return Deliver("tick", [&] { Tick(); });
+    if (roll < 35) return Tick();
     if (roll < 50) return KeyEvent();
-    if (roll < 75) return PointerEvent();
+    if (roll < 75) return PointerEvent(Pick(10));
     if (roll < 79) return TrayMessage();
     if (roll < 82) return MenuItem();
     if (roll < 94) return DialogEvent();
     StoreEvent();
   }
 
+  // Timer1, while it runs, with the clock moved on a second, or not at all,
+  // or anywhere.
   void Tick() {
     const int roll = Pick(20);
-    if (roll == 0) seconds = Pick(kDay);  // any time, backwards too
+    if (roll == 0) seconds = Pick(kDay);  // backwards too
     if (roll == 1) seconds = kDay - 1 - Pick(3);  // just before midnight
-    if (roll >= 2 && roll <= 6) seconds = (seconds + 1) % kDay;  // else the same second
-    if (form_->Timer1Interval() > 0) form_->Timer1_Timer();
+    if (roll >= 2 && roll <= 6) seconds = (seconds + 1) % kDay;
+    if (form_->Timer1Interval() > 0) Deliver("tick", [&] { form_->Timer1_Timer(); });
   }
 
   // The device's keys, the menu's keys and others, or any code at all; a
@@ -176,66 +178,54 @@ class Stream : public FakePlatform {
     if (down_.size() > 8) down_.clear();
   }
 
-  // The pointer, as the device window hands it on: the pressed object keeps
-  // the moves and the release; X and Y are twips from the object's corner.
-  float X(Obj o) { return (cursor.x - form_->ObjectRect(o).left) * 15.0f; }
-  float Y(Obj o) { return (cursor.y - form_->ObjectRect(o).top) * 15.0f; }
-  Obj UnderCursor() { return form_->ObjectAt(cursor.x, cursor.y); }
-  void MoveCursor() {
-    if (Chance(0.3)) cursor = {Between(-30, 360), Between(-30, 230)};
-    else cursor = {cursor.x + Between(-12, 12), cursor.y + Between(-12, 12)};
-  }
-  void PointerEvent() {
-    const int roll = Pick(10);
-    if (roll < 3) return PointerPress();
-    if (roll < 6) return PointerMove();
-    if (roll < 9) return PointerRelease();
-    // A left double click: it arrives in place of the second press.
-    const Obj o = UnderCursor();
-    if (o == Obj::Count || held_ != 0) return;
-    held_ = 1;
-    captured_ = o;
-    Deliver("double click", [&] { form_->DblClick(o); });
-  }
-  void PointerPress() {
-    if (Chance(0.5)) MoveCursor();
-    const int button = 1 << Pick(3);
-    if (held_ & button) return;
-    if (held_ == 0 || captured_ == Obj::Count) captured_ = UnderCursor();
-    if (captured_ == Obj::Count) return;  // off the window: not ours
-    held_ |= button;
-    const Obj o = captured_;
-    Deliver("press", [&] { form_->MouseDown(o, button, Pick(8), X(o), Y(o)); });
-  }
-  void PointerMove() {
-    MoveCursor();
-    const Obj o = held_ != 0 ? captured_ : UnderCursor();
-    const int buttons = held_;
-    if (o == Obj::Count) return;
-    Deliver("move", [&] { form_->MouseMove(o, buttons, Pick(8), X(o), Y(o)); });
-  }
-  void PointerRelease() {
-    if (held_ == 0) return;
+  // The pointer, as the device window hands it on: a press (kind 0 to 2), a
+  // move (3 to 5), a release (6 to 8), or a left double click, which comes in
+  // place of the second press (9). The pressed object keeps the moves and the
+  // release; X and Y are twips from the object's corner.
+  void PointerEvent(int kind) {
+    if ((kind >= 3 && kind <= 5) || (kind < 3 && Chance(0.5))) {
+      if (Chance(0.3)) cursor = {Between(-30, 360), Between(-30, 230)};
+      else cursor = {cursor.x + Between(-12, 12), cursor.y + Between(-12, 12)};
+    }
+    const Obj o = held_ != 0 ? captured_ : form_->ObjectAt(cursor.x, cursor.y);
+    if (o == Obj::Count) return;  // off the window: not ours
+    const float x = (cursor.x - form_->ObjectRect(o).left) * 15.0f;
+    const float y = (cursor.y - form_->ObjectRect(o).top) * 15.0f;
+    const int shift = Pick(8);
     int button = 1 << Pick(3);
-    if (!(held_ & button)) button = held_ & -held_;
-    const Obj o = captured_;
-    held_ &= ~button;
-    if (held_ == 0) captured_ = Obj::Count;
-    Deliver("release", [&] { form_->MouseUp(o, button, Pick(8), X(o), Y(o)); });
+    if (kind < 3) {
+      if (held_ & button) return;
+      held_ |= button, captured_ = o;
+      Deliver("press", [&] { form_->MouseDown(o, button, shift, x, y); });
+    } else if (kind < 6) {
+      Deliver("move", [&] { form_->MouseMove(o, held_, shift, x, y); });
+    } else if (kind < 9) {
+      if (held_ == 0) return;
+      if (!(held_ & button)) button = held_ & -held_;
+      held_ &= ~button;
+      if (held_ == 0) captured_ = Obj::Count;
+      Deliver("release", [&] { form_->MouseUp(o, button, shift, x, y); });
+    } else if (held_ == 0) {
+      held_ = 1, captured_ = o;
+      Deliver("double click", [&] { form_->DblClick(o); });
+    }
   }
 
   void TrayMessage() {
     const int message = Chance(0.9) ? Between(512, 518) : Between(0, 2000);
     Deliver("tray", [&] { form_->Form_MouseMove(0, 0, message * 15.0f, 0); });
   }
-  void MenuItem() {
+  // The item `which` of the menu, the last three the dialogs', or any item;
+  // "&Exit" is rare: it ends the run.
+  void MenuItem(int which = -1) {
     using Item = void (Form1::*)();
     static const Item kItems[] = {
         &Form1::mHide_Click,         &Form1::mSound_Click, &Form1::mAutoShow_Click,
         &Form1::mAlwaysOnTop_Click,  &Form1::mBack_Click,  &Form1::mOptions_Click,
         &Form1::mInstructions_Click, &Form1::mAbout_Click};
-    // "&Exit" is rare: it ends the run.
-    const Item item = Chance(0.002) ? &Form1::mExit_Click : kItems[Pick(std::size(kItems))];
+    const bool exit = which < 0 && Chance(0.002);
+    if (which < 0) which = Pick(std::size(kItems));
+    const Item item = exit ? &Form1::mExit_Click : kItems[which];
     Deliver("menu item", [&] { (form_.get()->*item)(); });
   }
 
@@ -245,10 +235,7 @@ class Stream : public FakePlatform {
     if (which == 0 && Usable(options_)) return Deliver("Form3", [&] { OptionsEvent(); });
     if (which == 1 && Usable(leaflet_)) return Deliver("Form4", [&] { LeafletEvent(); });
     if (which == 2 && Usable(about_)) return Deliver("Form2", [&] { AboutEvent(); });
-    using Item = void (Form1::*)();
-    static const Item kOpen[] = {&Form1::mOptions_Click, &Form1::mInstructions_Click,
-                                 &Form1::mAbout_Click};
-    Deliver("open a dialog", [&] { (form_.get()->*kOpen[which])(); });
+    MenuItem(5 + which);
   }
   void OptionsEvent() {
     Form3& d = options_->form;
