@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QToolTip>
 #include <QWindow>
+#include <utility>
 
 #include "shell/qt/built_pictures.h"
 #include "shell/qt/device_painter.h"
@@ -101,6 +102,7 @@ void DeviceWindow::paintEvent(QPaintEvent* event) {
   if (!book_ || book_->devicePixelRatio() != dpr) book_ = PicturesFor(dpr);
   QPainter painter(this);
   PaintDevice(painter, form_, *book_, event->region());
+  if (after_first_frame_) QTimer::singleShot(0, this, std::exchange(after_first_frame_, {}));
 }
 
 // A press with no other button held takes the pointer anew (a release that

@@ -6,6 +6,7 @@
 #include <QPoint>
 #include <QTimer>
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "device/form1.h"
@@ -33,6 +34,8 @@ class DeviceWindow : public QWidget {
   void ObjectChanged(Obj o);
   // The object that holds the pointer, Obj::Count for none.
   Obj Captured() const { return captured_; }
+  // `work` runs once, from the event loop, after the first frame is painted.
+  void AfterFirstFrame(std::function<void()> work) { after_first_frame_ = std::move(work); }
 
  protected:
   bool event(QEvent* event) override;
@@ -64,6 +67,7 @@ class DeviceWindow : public QWidget {
   // the device sees, so a move the window manager refused is not believed.
   QTimer settle_;
   bool unloaded_ = false;
+  std::function<void()> after_first_frame_;
 };
 
 }  // namespace nautrix

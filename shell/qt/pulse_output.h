@@ -6,6 +6,7 @@
 // start-up and sleeps (corked) between sounds, so an idle device costs no
 // wake-ups; and a server that goes away or comes late is reached again at
 // the next sound, at most once a second, without a word.
+// The client library itself is loaded only when the output is opened.
 #pragma once
 
 #include <chrono>
@@ -22,13 +23,15 @@ struct pa_threaded_mainloop;
 
 namespace nautrix {
 
+struct PulseLibrary;
 class VoiceReader;
 
 class PulseOutput {
  public:
-  // Starts reaching for the server at once, in the background. `reader` is
-  // read from the library's thread under the output's lock from now on.
-  explicit PulseOutput(VoiceReader& reader);
+  // Loads the client library and starts reaching for the server at once, in
+  // the background; null when the library is not installed. `reader` is read
+  // from the library's thread under the output's lock from then on.
+  static std::unique_ptr<PulseOutput> Open(VoiceReader& reader);
   ~PulseOutput();
   PulseOutput(const PulseOutput&) = delete;
   PulseOutput& operator=(const PulseOutput&) = delete;
@@ -40,6 +43,8 @@ class PulseOutput {
   long long StartDelayMs() const;
 
  private:
+  PulseOutput(VoiceReader& reader, const PulseLibrary& lib);
+
   // All below run on the library's thread, or under its lock.
   void Reach();
   void OpenStream();
@@ -52,6 +57,7 @@ class PulseOutput {
   static void OnStreamState(pa_stream* stream, void* self);
   static void OnWrite(pa_stream* stream, size_t bytes, void* self);
 
+  const PulseLibrary& lib_;
   VoiceReader& reader_;
   pa_threaded_mainloop* loop_ = nullptr;
   pa_context* context_ = nullptr;

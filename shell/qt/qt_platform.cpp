@@ -55,8 +55,6 @@ QtPlatform::QtPlatform(bool with_audio) : voice_(with_audio) {
   QObject::connect(&timer1_, &QTimer::timeout, [this] {
     if (form_) form_->Timer1_Timer();
   });
-  const QString folder = QString::fromStdString(ProgramFolder());
-  for (const char* name : kWaveFiles) voice_.Preload(folder + '/' + QLatin1String(name));
 }
 
 QtPlatform::~QtPlatform() = default;
@@ -65,6 +63,15 @@ void QtPlatform::Attach(Form1& form, DeviceWindow& window) {
   form_ = &form;
   window_ = &window;
   dialogs_ = std::make_unique<DialogWindows>(form, window);
+}
+
+void QtPlatform::FinishStart() {
+  if (started_) return;
+  started_ = true;
+  voice_.OpenOutput();
+  const QString folder = QString::fromStdString(ProgramFolder());
+  for (const char* name : kWaveFiles) voice_.Preload(folder + '/' + QLatin1String(name));
+  if (tray_wanted_) AddTrayIcon();
 }
 
 void QtPlatform::StartTimer1() {
@@ -172,6 +179,7 @@ void QtPlatform::MoveWindow(float left, float top) {
 }
 
 void QtPlatform::ShowWindow(bool shown) {
+  if (!shown) FinishStart();
   window_->setVisible(shown);
   if (tray_) tray_->WatchWhileHidden(!shown);
 }
@@ -205,12 +213,18 @@ void QtPlatform::OpenPopupMenu() {
   menu_->Exec(*form_, TrayIcon::Available());
 }
 
-// The program's icon, as the device window already has it.
+// The program's icon, as the device window already has it. Reaching the tray
+// may take a round trip to the session bus, which the first frame does not
+// wait for.
 void QtPlatform::AddTrayIcon() {
-  tray_ = std::make_unique<TrayIcon>(*form_, window_->windowIcon());
+  tray_wanted_ = true;
+  if (started_) tray_ = std::make_unique<TrayIcon>(*form_, window_->windowIcon());
 }
 
-void QtPlatform::RemoveTrayIcon() { tray_.reset(); }
+void QtPlatform::RemoveTrayIcon() {
+  tray_wanted_ = false;
+  tray_.reset();
+}
 
 // A caption without a scheme is read as a web address.
 void QtPlatform::OpenUrl(const std::string& url) {

@@ -38,6 +38,11 @@ class QtPlatform : public Platform {
   void Attach(Form1& form, DeviceWindow& window);
   // Timer1 runs from here on, at whatever interval the device has set.
   void StartTimer1();
+  // What the device's first frame need not wait for: the voice's way to the
+  // speakers, its waves decoded ahead of their first beat, and the tray icon
+  // the device has asked for. Runs once: just after the first frame, or
+  // before it when a hidden window needs its tray.
+  void FinishStart();
   bool Timer1Running() const { return timer1_.isActive(); }
   int Timer1Ms() const { return timer1_.interval(); }
   int Timer1RemainingMs() const { return timer1_.remainingTime(); }
@@ -85,6 +90,8 @@ class QtPlatform : public Platform {
   bool timer1_enabled_ = false;  // started after Form_Load
   int timer1_ms_ = 50;           // the device's interval, 0 stopped
   bool quit_requested_ = false;
+  bool started_ = false;      // FinishStart has run
+  bool tray_wanted_ = false;  // the device asked for the tray before FinishStart
   int clock_offset_ms_ = 0;      // the device clock less the computer's, 0 to a day
   std::map<std::string, std::unique_ptr<SettingsStore>> stores_;  // by application
   std::mt19937 random_;

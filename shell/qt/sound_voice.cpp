@@ -71,16 +71,21 @@ void VoiceReader::CatchUp() {
 
 // ---- SoundVoice ------------------------------------------------------------
 
-SoundVoice::SoundVoice(bool to_device) {
-  if (to_device) output_ = std::make_unique<PulseOutput>(reader_);
-}
+SoundVoice::SoundVoice(bool to_device) : to_device_(to_device) {}
 
 SoundVoice::~SoundVoice() = default;
+
+void SoundVoice::OpenOutput() {
+  if (!to_device_) return;
+  to_device_ = false;
+  output_ = PulseOutput::Open(reader_);
+}
 
 void SoundVoice::Preload(const QString& path) { Load(path); }
 
 void SoundVoice::Play(const QString& path) {
   ++plays_;
+  OpenOutput();
   std::shared_ptr<const Samples> samples = Load(path);
   if (output_) {
     output_->Start(std::move(samples));

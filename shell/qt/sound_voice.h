@@ -51,6 +51,10 @@ class SoundVoice {
   // Without `to_device` the voice never reaches for an audio server, and
   // only whoever reads reader() hears it.
   explicit SoundVoice(bool to_device = true);
+  // Opens the way to the speakers, once: loads the audio server's library and
+  // starts reaching for the server in the background. The first sound opens
+  // it if nothing did before.
+  void OpenOutput();
   ~SoundVoice();
   SoundVoice(const SoundVoice&) = delete;
   SoundVoice& operator=(const SoundVoice&) = delete;
@@ -95,6 +99,7 @@ class SoundVoice {
   std::shared_ptr<const Samples> Load(const QString& path);
 
   VoiceReader reader_;  // read by the output's thread under its lock
+  bool to_device_;  // until the output has been opened
   std::unique_ptr<PulseOutput> output_;
   std::unordered_map<std::string, Decoded> decoded_;
   int plays_ = 0;
