@@ -10,7 +10,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "device/store_keys.h"
 #include "shell/qt/qt_platform.h"
 #include "tests/shell/qt/qt_test_app.h"
 
@@ -18,7 +17,7 @@ namespace nautrix {
 namespace {
 
 std::string Get(QtPlatform& platform, const char* key) {
-  return platform.GetSetting(kStoreApp, kStoreSection, key, store::kNotFound);
+  return platform.GetSetting(kStoreApp, kStoreSection, key, "NotFound");
 }
 
 // Two copies on one store, and a hand edit: each read shows the file as it
