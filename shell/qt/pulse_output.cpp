@@ -78,16 +78,6 @@ void PulseOutput::Start(std::shared_ptr<const Samples> sound) {
   }
 }
 
-bool PulseOutput::Asleep() const {
-  Lock lock(lib_, loop_);
-  return Ready() && corked_;
-}
-
-long long PulseOutput::StartDelayMs() const {
-  Lock lock(lib_, loop_);
-  return reader_.StartDelayMs();
-}
-
 bool PulseOutput::Ready() const {
   return stream_ && lib_.pa_stream_get_state(stream_) == PA_STREAM_READY;
 }

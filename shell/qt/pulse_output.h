@@ -38,9 +38,6 @@ class PulseOutput {
 
   // Cuts off what sounds and starts `sound`; returns at once.
   void Start(std::shared_ptr<const Samples> sound);
-  // The stream is open and asleep.
-  bool Asleep() const;
-  long long StartDelayMs() const;
 
  private:
   PulseOutput(VoiceReader& reader, const PulseLibrary& lib);

@@ -43,9 +43,6 @@ class QtPlatform : public Platform {
   // the device has asked for. Runs once: just after the first frame, or
   // before it when a hidden window needs its tray.
   void FinishStart();
-  bool Timer1Running() const { return timer1_.isActive(); }
-  int Timer1Ms() const { return timer1_.interval(); }
-  int Timer1RemainingMs() const { return timer1_.remainingTime(); }
   SoundVoice& voice() { return voice_; }
   DialogWindows* dialogs() { return dialogs_.get(); }
   // The device has asked to end; an event loop not yet running must not start.

@@ -46,15 +46,9 @@ void VoiceReader::Start(std::shared_ptr<const Samples> sound) {
   sound_ = std::move(sound);
   next_ = 0;
   started_ = std::chrono::steady_clock::now();
-  start_delay_ms_ = -1;
 }
 
 void VoiceReader::Read(int16_t* out, size_t count) {
-  if (start_delay_ms_ < 0 && Sounding() && count > 0) {
-    start_delay_ms_ = std::chrono::duration_cast<std::chrono::milliseconds>(
-                          std::chrono::steady_clock::now() - started_)
-                          .count();
-  }
   const size_t from_sound = Sounding() ? std::min(count, sound_->size() - next_) : 0;
   if (from_sound > 0) std::copy_n(sound_->data() + next_, from_sound, out);
   next_ += from_sound;
@@ -84,7 +78,6 @@ void SoundVoice::OpenOutput() {
 void SoundVoice::Preload(const QString& path) { Load(path); }
 
 void SoundVoice::Play(const QString& path) {
-  ++plays_;
   OpenOutput();
   std::shared_ptr<const Samples> samples = Load(path);
   if (output_) {
@@ -94,11 +87,6 @@ void SoundVoice::Play(const QString& path) {
   }
 }
 
-bool SoundVoice::Asleep() const { return output_ && output_->Asleep(); }
-
-long long SoundVoice::StartDelayMs() const {
-  return output_ ? output_->StartDelayMs() : reader_.StartDelayMs();
-}
 
 bool SoundVoice::Stamp::operator==(const Stamp& other) const {
   return device == other.device && inode == other.inode && size == other.size &&
@@ -120,7 +108,6 @@ std::shared_ptr<const Samples> SoundVoice::Load(const QString& path) {
   if (fd < 0) return nullptr;
   if (fstat(fd, &st) == 0 && S_ISREG(st.st_mode)) {
     entry.stamp = {st.st_dev, st.st_ino, st.st_size, st.st_mtim, st.st_ctim};
-    ++decodes_;
     if (st.st_size <= kLargestWave) {
       const std::vector<uint8_t> bytes = ReadAll(fd, st.st_size);
       if (std::optional<Samples> samples = DecodeWave(bytes.data(), bytes.size(), kVoiceRate))

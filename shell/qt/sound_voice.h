@@ -35,15 +35,11 @@ class VoiceReader {
   // Passes over the samples that would have sounded since the last Start, so
   // that a sound that reaches the speakers late still ends on its beat.
   void CatchUp();
-  // Milliseconds from the last Start to the read that handed out its first
-  // sample, or -1 while that read has not come yet.
-  long long StartDelayMs() const { return start_delay_ms_; }
 
  private:
   std::shared_ptr<const Samples> sound_;
   size_t next_ = 0;  // index of the next sample of sound_
   std::chrono::steady_clock::time_point started_;
-  long long start_delay_ms_ = -1;
 };
 
 class SoundVoice {
@@ -67,14 +63,6 @@ class SoundVoice {
 
   // The samples as the speakers would get them (only without a device).
   VoiceReader& reader() { return reader_; }
-  // The voice is connected to an audio server and asleep between sounds.
-  bool Asleep() const;
-  // Milliseconds from the last sound's start to its first sample leaving
-  // for the audio server, or -1 while it has not left.
-  long long StartDelayMs() const;
-  // How many sounds have been started, and how many decodes were done.
-  int plays() const { return plays_; }
-  int decodes() const { return decodes_; }
 
  private:
   // What tells one state of a file from another: a file replaced, rewritten
@@ -102,8 +90,6 @@ class SoundVoice {
   bool to_device_;  // until the output has been opened
   std::unique_ptr<PulseOutput> output_;
   std::unordered_map<std::string, Decoded> decoded_;
-  int plays_ = 0;
-  int decodes_ = 0;
 };
 
 }  // namespace nautrix

@@ -72,7 +72,7 @@ stop_game
 # A machine without the audio server's library (hidden in a mount namespace
 # of the program's own): the game runs and takes its keys, in silence.
 unshare -m true 2>/dev/null || { echo "sound server: no library skipped: no mount namespace"; exit 0; }
-library=$(ldconfig -p | awk '/libpulse\.so\.0 / {print $NF; exit}')
+library=$(ldconfig -p | awk '/libpulse\.so\.0 / {found = $NF} END {print found}')
 printf '#!/bin/sh\nmount --bind /dev/null "%s" && exec "%s"\n' "$library" "$app" >"$E2E_DIR/bare"
 printf '#!/bin/sh\nexec unshare -m --propagation private sh "%s"\n' "$E2E_DIR/bare" >"$E2E_DIR/bare-app"
 chmod +x "$E2E_DIR/bare-app"
