@@ -143,13 +143,10 @@ void DeviceTest::Play(int mode) {
 
 void DeviceTest::Do(const std::string& moves) {
   for (const char move : moves) {
-    switch (move) {
-      case 'r': form.DiverForward(); break;
-      case 'l': form.DiverBack(); break;
-      case 't': Tick(); break;
-      case 's': NextSecond(); break;
-      default: break;
-    }
+    if (move == 'r') form.DiverForward();
+    if (move == 'l') form.DiverBack();
+    if (move == 't') Tick();
+    if (move == 's') NextSecond();
   }
 }
 
@@ -166,17 +163,13 @@ void DeviceTest::PutTentacle(int t, int length, bool back) {
 }
 
 void DeviceTest::Enter(Mode mode) {
-  switch (mode) {
-    case Mode::Idle: break;
-    case Mode::Game: Play(1); break;
-    case Mode::GameOver:
-      Play(1);
-      form.Misses = 3;  // the third diver's capture ends
-      form.ShowPlayfield();
-      break;
-    case Mode::AlarmSet: Click(By::Keyboard, Obj::AlarmButton); break;
-    case Mode::ClockSet: Click(By::Keyboard, Obj::ACLButton); break;
+  if (mode == Mode::Game || mode == Mode::GameOver) Play(1);
+  if (mode == Mode::GameOver) {
+    form.Misses = 3;  // the third diver's capture ends
+    form.ShowPlayfield();
   }
+  if (mode == Mode::AlarmSet) Click(By::Keyboard, Obj::AlarmButton);
+  if (mode == Mode::ClockSet) Click(By::Keyboard, Obj::ACLButton);
   Forget();
 }
 
@@ -193,15 +186,13 @@ void DeviceTest::PressAt(Obj key, Point p) {
 
 // 1, 2, T, the Left and Right arrows, A; R for ACL.
 int DeviceTest::CodeOf(Obj key) {
-  switch (key) {
-    case Obj::GameAButton: return 49;
-    case Obj::GameBButton: return 50;
-    case Obj::TimeButton: return 84;
-    case Obj::LeftButton: return 37;
-    case Obj::RightButton: return 39;
-    case Obj::AlarmButton: return 65;
-    default: return 82;
+  const std::pair<Obj, int> codes[] = {{Obj::GameAButton, 49}, {Obj::GameBButton, 50},
+                                       {Obj::TimeButton, 84},  {Obj::LeftButton, 37},
+                                       {Obj::RightButton, 39}, {Obj::AlarmButton, 65}};
+  for (const auto& [k, code] : codes) {
+    if (k == key) return code;
   }
+  return 82;
 }
 
 void DeviceTest::Down(By by, Obj key) {
