@@ -151,7 +151,7 @@ void DeviceTest::Do(const std::string& moves) {
 }
 
 void DeviceTest::Turn(std::initializer_list<float> numbers) {
-  fake.Script(numbers);
+  fake.rnd_script.insert(fake.rnd_script.end(), numbers);
   Tick();
 }
 

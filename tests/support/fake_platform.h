@@ -50,7 +50,6 @@ class FakePlatform : public Platform {
   void AdvanceSeconds(int n) { seconds = (seconds + n) % (24 * 3600); }
   // A store as the program leaves it after its first run.
   void FillDefaultStore();
-  void Script(std::initializer_list<float> r) { rnd_script.insert(rnd_script.end(), r); }
 
   // ---- Platform ---------------------------------------------------------------
   void SetTimerInterval(int ms) override { intervals.push_back(ms); }
