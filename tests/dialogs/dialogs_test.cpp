@@ -88,21 +88,29 @@ TEST_F(Dialogs, DefaultThenCancelApplyOrOk) {
   fake.store["Game A Speed"] = "9";
   fake.store["Always on Top"] = "False";
   form.mSound.Checked = false;
-  for (int button : {2, 3, 1}) {
+  const std::string kWrites = "Game A Speed=220;Game B Speed=170;Diver Speed=300;Sound=True";
+  // The button, after Default or not; the store's speeds and sound, its
+  // writes, and the marks lit of the sound, Always on Top and Auto Show.
+  const struct { void (Form3::*button)(); bool first_default; const char *speeds, *writes, *marks; }
+  endings[] = {{&Form3::Command2_Click, true, "9 170 300 True", "", "a"},
+               {&Form3::Command3_Click, true, "220 170 300 True", kWrites.c_str(), "sta"},
+               {&Form3::Command1_Click, false, "220 170 300 True", kWrites.c_str(), "sa"}};
+  for (const auto& ending : endings) {
     Form3 dialog{form, window};
     dialog.Form_Load();
     Forget();
-    if (button != 1) dialog.Command4_Click();
-    if (button == 1) form.mAutoShow.Checked = false, form.mAlwaysOnTop.Checked = true;
-    button == 1 ? dialog.Command1_Click() : button == 2 ? dialog.Command2_Click()
-                                                        : dialog.Command3_Click();
-    EXPECT_EQ(Speeds(), button == 2 ? "9 170 300 True" : "220 170 300 True");
-    // The marks of the sound, Always on Top and Auto Show.
+    if (ending.first_default) {
+      dialog.Command4_Click();
+    } else {  // marks unlike the dialog's boxes, which OK sets them to
+      form.mAutoShow.Checked = false;
+      form.mAlwaysOnTop.Checked = true;
+    }
+    (dialog.*ending.button)();
+    EXPECT_EQ(Speeds() + "|" + Joined(fake.calls) + Joined(fake.store_writes),
+              std::string(ending.speeds) + "|" + ending.writes);
     EXPECT_EQ(std::string(form.mSound.Checked ? "s" : "") + (form.mAlwaysOnTop.Checked ? "t" : "") +
                   (form.mAutoShow.Checked ? "a" : ""),
-              button == 2 ? "a" : button == 3 ? "sta" : "sa");
-    EXPECT_EQ(Joined(fake.calls) + Joined(fake.store_writes),
-              button == 2 ? "" : "Game A Speed=220;Game B Speed=170;Diver Speed=300;Sound=True");
+              ending.marks);
   }
   EXPECT_EQ(window.unloads, 2);
 }

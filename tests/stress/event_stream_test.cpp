@@ -195,7 +195,8 @@ class Stream : public FakePlatform {
     int button = 1 << Pick(3);
     if (kind < 3) {
       if (held_ & button) return;
-      held_ |= button, captured_ = o;
+      held_ |= button;
+      captured_ = o;
       Deliver("press", [&] { form_->MouseDown(o, button, shift, x, y); });
     } else if (kind < 6) {
       Deliver("move", [&] { form_->MouseMove(o, held_, shift, x, y); });
@@ -206,7 +207,8 @@ class Stream : public FakePlatform {
       if (held_ == 0) captured_ = Obj::Count;
       Deliver("release", [&] { form_->MouseUp(o, button, shift, x, y); });
     } else if (held_ == 0) {
-      held_ = 1, captured_ = o;
+      held_ = 1;
+      captured_ = o;
       Deliver("double click", [&] { form_->DblClick(o); });
     }
   }
