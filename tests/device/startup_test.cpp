@@ -10,22 +10,6 @@ namespace {
 
 using StartUp = DeviceTest;
 
-// A first run writes all twelve keys in the store's order, places the window
-// with its client area at the screen's corner (stored as the window reports
-// it) and opens the instructions, on top, before the tray icon comes.
-TEST_F(StartUp, AFirstRunStoresTheDefaultsInOrderAndOpensTheInstructions) {
-  fake.SetDeviceTime(14, 30, 42);
-  form.Form_Load();
-  EXPECT_EQ(Joined(fake.store_writes),
-            "Sound=True;Left=-45;Top=-330;Diver Speed=300;Game A Speed=220;Game B Speed=170;"
-            "Game A High Score=0;Game B High Score=0;Alarm Time=120000 PM;Alarm On=False;"
-            "Always on Top=False;Auto Show=True");
-  EXPECT_EQ(fake.left + fake.top, -45 - 330);
-  EXPECT_EQ(fake.seed, 42);
-  EXPECT_TRUE(form.mSound.Checked && form.mAutoShow.Checked && !form.mAlwaysOnTop.Checked);
-  EXPECT_EQ(Joined(fake.calls), "NotTopmost;Open Form4;Form4 Topmost;AddTrayIcon");
-}
-
 // Only the keys that are missing are written, in order; a key that holds
 // "NotFound" counts as missing; "Alarm On" is repaired only together with
 // "Alarm Time"; "Seconds" is deleted; a missing "Auto Show" is taken for a

@@ -170,16 +170,12 @@ TEST_F(Dialogs, ClickOrDragIsDecidedAtTheRelease) {
   EXPECT_EQ(play({{'d', 1}, {'m', 700}, {'m', 500}, {'u', 1}}), 2);
 }
 
-// Each link turns purple at the press of any button, blue again at the
-// release, and hands its target to the desktop.
+// Each link hands its target to the desktop at the release of any button.
 TEST_F(Dialogs, TheLinks) {
   about.Form_Load();
-  about.Email_MouseDown(2, 0, 0, 0);
-  EXPECT_EQ(about.Email.ForeColor, kPressedLinkColour);
   about.Email_MouseUp(2, 0, -9000, 0);
   about.Homepage_MouseUp(1, 0, 0, 0);
   about.Handbill_MouseUp(4, 0, 0, 0);
-  EXPECT_EQ(about.Email.ForeColor, kLinkColour);
   EXPECT_EQ(Joined(fake.calls), "Form2 NotTopmost;OpenUrl mailto:" + about.Email.Caption +
                                     ";OpenUrl " + about.Homepage.Caption + ";OpenUrl " +
                                     about.Handbill.Caption);

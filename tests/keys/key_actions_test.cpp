@@ -13,19 +13,6 @@ class Routes : public Scene, public ::testing::WithParamInterface<By> {
   void Click(Obj key) { DeviceTest::Click(GetParam(), key); }
 };
 
-// The held key is marked by PressedKey or by the latch. GAME A held shows
-// its best and its mark, and the game starts at the release.
-TEST_P(Routes, TheHeldKeysMarkAndGameA) {
-  fake.store[store::kGameAHighScore] = "315";
-  Down(Obj::GameAButton);
-  EXPECT_TRUE(pointer() ? form.PressedKey == kGameAKey && !form.KeyLatch
-                        : form.PressedKey == kNoKey && form.KeyLatch);
-  EXPECT_EQ(Readout(), "-315 ");
-  EXPECT_TRUE(Lit(GameType(0)) && !form.Playing);
-  Up(Obj::GameAButton);
-  EXPECT_EQ(form.Timer1Interval(), 220);
-}
-
 // While the boat counts in a game a press does nothing, not even the menu
 // of another button; only the pointer still reaches ACL.
 TEST_P(Routes, WhileTheBoatCountsOnlyThePointerReachesAcl) {

@@ -9,7 +9,7 @@ namespace {
 
 using Keyboard = Scene;
 
-constexpr int kLeft = 37, kUp = 38, kT = 84, kS = 83, kX = 88, kF1 = 112, kI = 73;
+constexpr int kLeft = 37, kUp = 38, kT = 84, kS = 83, kX = 88;
 
 // Left and Up are one key: with Left held Up is turned away, and Up's
 // key-up ends the hold; Up alone steps the hour as well. X tapped while T
@@ -35,22 +35,6 @@ TEST_F(Keyboard, STappedFlipsTheSound) {
   form.BoatBeats = 2;
   Keys({kS, -kS});
   EXPECT_FALSE(form.mSound.Checked);
-}
-
-// The menu keys (F1 and I the instructions, B the back, O the options,
-// Enter the menu) act at their key-up alone, in every mode, past the gates
-// of the device keys, and leave a held device key held.
-TEST_F(Keyboard, MenuKeysActAtTheirKeyUpPastEveryGate) {
-  Enter(Mode::Game);
-  form.BoatBeats = 2;
-  Keys({kF1});
-  EXPECT_TRUE(fake.calls.empty());
-  Keys({-kF1, -kI, -66, -79, -13});
-  EXPECT_EQ(Joined(fake.calls), "Open Form4;Open Form4;Open Form3;PopupMenu");
-  EXPECT_TRUE(form.mBack.Checked && Lit(Obj::BackCase));
-  form.BoatBeats = 0;
-  Keys({kT, -kI});
-  EXPECT_TRUE(IsDown(Obj::TimeButton) && form.KeyLatch);
 }
 
 }  // namespace

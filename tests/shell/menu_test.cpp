@@ -1,7 +1,6 @@
 // MENU AND TRAY - the tray's door lets only the left double click and the
-// right release through, and nothing while the menu is open; each item flips
-// its mark and stores it as the item says; the menu opens from the case, the
-// segments, the logo and the keys under their gates.
+// right release through, and nothing while the menu is open; the menu opens
+// from the case, the segments, the logo and the keys under their gates.
 #include "tests/support/device_test.h"
 
 namespace nautrix {
@@ -28,34 +27,6 @@ TEST_F(MenuAndTray, OnlyTheDoubleClickAndTheRightReleaseOfTheTrayAct) {
   Tray(form, 515);
   EXPECT_EQ(Joined(fake.calls), "PopupMenu;ShowWindow");
   EXPECT_FALSE(form.TrayBusy || form.mHide.Checked);
-}
-
-// Each toggle twice: the mark flips and flips back; Sound, Auto Show and
-// Always on Top store it at once (the last restacks the window), Hide and
-// Back store nothing. Exit takes the icon away first, stops the tick and
-// writes nothing.
-TEST_F(MenuAndTray, EachToggleFlipsItsMarkAndStoresWhatItShould) {
-  // The item, its mark, and the calls | store writes of the two clicks.
-  const struct { void (Form1::*click)(); MenuItem Form1::*mark; const char* did; } toggles[] = {
-      {&Form1::mHide_Click, &Form1::mHide, "HideWindow;ShowWindow|"},
-      {&Form1::mSound_Click, &Form1::mSound, "|Sound=False;Sound=True"},
-      {&Form1::mAutoShow_Click, &Form1::mAutoShow, "|Auto Show=False;Auto Show=True"},
-      {&Form1::mAlwaysOnTop_Click, &Form1::mAlwaysOnTop,
-       "Topmost;NotTopmost|Always on Top=True;Always on Top=False"},
-      {&Form1::mBack_Click, &Form1::mBack, "|"},
-  };
-  for (const auto& toggle : toggles) {
-    (form.*toggle.click)();
-    const bool first = (form.*toggle.mark).Checked;
-    EXPECT_EQ(Lit(Obj::BackCase), form.mBack.Checked);
-    (form.*toggle.click)();
-    EXPECT_NE((form.*toggle.mark).Checked, first) << toggle.did;
-    EXPECT_EQ(Joined(fake.calls) + "|" + Joined(fake.store_writes), toggle.did);
-    Forget();
-  }
-  form.mExit_Click();
-  EXPECT_EQ(Joined(fake.calls), "RemoveTrayIcon;Quit");
-  EXPECT_TRUE(fake.store_writes.empty() && fake.intervals == std::vector<int>{0});
 }
 
 // Which presses open the menu: the case's right press and the logo's only

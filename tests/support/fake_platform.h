@@ -36,7 +36,6 @@ class FakePlatform : public Platform {
   std::vector<std::string> sounds;        // bare file names of every PlayWave
   std::vector<std::string> calls;         // window, menu, dialog and tray calls in order
   std::vector<std::string> store_writes;  // "key=value" or "-key" in order
-  int seed = -1;
   int rnd_draws = 0;
   float left = 0, top = 0;  // window position as the window reports it
 
@@ -68,7 +67,7 @@ class FakePlatform : public Platform {
     store.erase(key);
     store_writes.push_back("-" + key);
   }
-  void Randomize(int s) override { seed = s; }
+  void Randomize(int) override {}
   float Rnd() override;
   void PlayWave(const std::string& path) override {
     sounds.push_back(path.substr(path.rfind('/') + 1));
