@@ -25,19 +25,6 @@ TEST_F(Demo, TheTripTakesSeventeenSeconds) {
   EXPECT_EQ(Sea(), "-rr 1:0 00000 -");
 }
 
-// The third capture of the demo puts everything back and the demo goes on,
-// without touching the high scores.
-TEST_F(Demo, ThreeCapturesStartItOver) {
-  for (int miss = 1; miss <= 3; ++miss) {
-    PutTentacle(0, 3, true);
-    NextSecond(10);
-    EXPECT_EQ(form.Misses, miss % 3) << miss;
-  }
-  EXPECT_EQ(Sea(), "brr - 20230 -");
-  EXPECT_TRUE(form.BoatWait == 10 && fake.store_writes.empty());
-  EXPECT_EQ(SeaAfter("s"), "-rr 1:0 10340 -");
-}
-
 // A new game clears the sea floor from whatever the demo left, shows its
 // mark and a score of 0, and takes its pace; a running game is neither
 // restarted nor cleared. EndGame leaves one capture beat for the idle
