@@ -53,9 +53,8 @@ class DeviceWindowTest : public ::testing::Test, protected DesktopDevice {
     Mouse(QEvent::MouseMove, global - window.ClientPos(), held);
   }
   // A key event with the server's time stamp.
-  void Key(QEvent::Type type, int key, quint64 time, bool repeat = false,
-           Qt::KeyboardModifiers mods = {}) {
-    QKeyEvent event(type, key, mods, QString(), repeat);
+  void Key(QEvent::Type type, int key, quint64 time) {
+    QKeyEvent event(type, key, {});
     event.setTimestamp(time);
     QCoreApplication::sendEvent(&window, &event);
   }
@@ -72,17 +71,9 @@ class DeviceWindowTest : public ::testing::Test, protected DesktopDevice {
   }
 };
 
-// Stored Left and Top are twips of the outer corner of a window framed 45
-// and 330 twips around its client area, read to the nearest pixel. (The
-// way back, stored by a drag and read at the next start, is the e2e tier's.)
-TEST(WindowPosition, StoredTwipsAreReadToTheNearestPixel) {
-  const struct { float left, top; QPoint client; } kReads[] = {
-      {-45, -330, {0, 0}}, {-44, -336, {0, 0}}, {1455, 1170, {100, 100}},
-      {-45 + 7, -330 + 8, {0, 1}}, {-45 - 8, -330 - 7, {-1, 0}}};
-  for (const auto& c : kReads) EXPECT_EQ(ClientFromTwips(c.left, c.top), c.client) << c.left;
-}
-
-// The window stands where the store put it. Only a real change
+// The window stands where the store put it: Left and Top are twips of the
+// outer corner of a window framed 45 and 330 twips around its client area
+// (the way back, stored by a drag, is the e2e tier's). Only a real change
 // repaints, and only the changed objects' rectangles, where the topmost
 // shows; the tooltip is the topmost visible, enabled object's.
 TEST_F(DeviceWindowTest, AFramelessWindowRepaintsAndExplainsOnlyWhatShows) {
@@ -144,35 +135,26 @@ TEST_F(DeviceWindowTest, ThePressedObjectHoldsThePointerUntilTheRelease) {
 
 // Keys as an X server reports them (Qt's key, native scan code and keysym)
 // where no layout of the e2e tier's (US, French, German, Russian) goes: a
-// Cyrillic letter at a place with no Latin letter, the keypad, the keys
-// without a character.
-TEST(KeyCodes, TheDesktopsKeysAndButtonsInTheDevicesCodes) {
-  const Qt::KeyboardModifiers kShift = Qt::ShiftModifier, kPad = Qt::KeypadModifier;
+// Cyrillic letter at a place with no Latin letter, the keypad, a key with
+// a modifier held.
+TEST(KeyCodes, TheDesktopsKeysInTheDevicesCodes) {
+  const Qt::KeyboardModifiers kPad = Qt::KeypadModifier;
   const struct { int key; Qt::KeyboardModifiers mods; quint32 scan, sym; int code; } kKeys[] = {
       {0x416, {}, 47, 0x6d6, 0},  {Qt::Key_Apostrophe, {}, 24, '\'', 222},
       {Qt::Key_1, kPad, 87, 0xffb1, 97},  // the keypad's digits: codes no device key has
-      {Qt::Key_Exclam, kShift, 0, 0, 0},  {Qt::Key_T, Qt::AltModifier, 0, 0, 84},
-      {Qt::Key_Down, kPad, 0, 0, 40},     {Qt::Key_F1, {}, 0, 0, 112},
-      {Qt::Key_Enter, kPad, 0, 0, 13}};
+      {Qt::Key_Down, kPad, 0, 0, 40},     {Qt::Key_T, Qt::AltModifier, 0, 0, 84}};
   for (const auto& k : kKeys)
     EXPECT_EQ(VirtualKeyCode(k.key, k.mods, k.scan, k.sym), k.code) << std::hex << k.key;
-  // Left and right clicks are the e2e tier's.
-  const std::pair<Qt::MouseButtons, int> kButtons[] = {
-      {Qt::MiddleButton, 4}, {Qt::LeftButton | Qt::MiddleButton | Qt::BackButton, 5}};
-  for (const auto& [buttons, code] : kButtons) EXPECT_EQ(ButtonCode(buttons), code);
 }
 
-// Keypad 1 works no device key. A server that cannot hold back a held key's
-// releases repeats it as release and press pairs with one time stamp, and
-// Qt marks none of them when their press comes late: the window still tells
-// the device one press and one release. S held toggles the sound once; Right
-// held in alarm setting steps once; a release followed by a press of the
-// same key at another time is two presses, and a click after a release
-// comes after it.
+// A server that cannot hold back a held key's releases repeats it as release
+// and press pairs with one time stamp, and Qt marks none of them when their
+// press comes late: the window still tells the device one press and one
+// release, so S held toggles the sound once (the real auto-repeat's holds,
+// Right held in alarm setting among them, are the e2e tier's). A release
+// followed by a press of the same key at another time is two presses, and a
+// click after a release comes after it.
 TEST_F(DeviceWindowTest, AHoldWhoseRepeatsComeUnmarkedIsOnePress) {
-  Key(QEvent::KeyPress, Qt::Key_1, 1, false, Qt::KeypadModifier);
-  EXPECT_FALSE(form.KeyLatch);
-  Key(QEvent::KeyRelease, Qt::Key_1, 2, false, Qt::KeypadModifier);
   const auto hold = [&](int key, quint64 from, quint64 to) {
     Key(QEvent::KeyPress, key, from);
     for (quint64 t = from + 500; t < to; t += 40) {
@@ -185,12 +167,6 @@ TEST_F(DeviceWindowTest, AHoldWhoseRepeatsComeUnmarkedIsOnePress) {
   EXPECT_TRUE(form.KeyLatch && form.mSound.Checked == sound) << "released before the queue drained";
   Drain();
   EXPECT_FALSE(form.KeyLatch || form.mSound.Checked == sound);
-
-  hold(Qt::Key_A, 2000, 2100);  // alarm setting at 12:00 PM
-  hold(Qt::Key_Right, 3000, 4000);
-  Drain();
-  EXPECT_EQ(form.AlarmSetting, 2);
-  EXPECT_EQ(form.EditTimeText, "120100 PM");
 
   hold(Qt::Key_S, 5000, 5100);
   Key(QEvent::KeyPress, Qt::Key_S, 5120);
