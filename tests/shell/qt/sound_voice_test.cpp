@@ -106,20 +106,20 @@ TEST_F(SoundVoiceTest, WavesOfEveryCodingChannelCountAndRatePlay) {
 // A data chunk claiming more than the file holds (a wave written to a pipe)
 // plays what is there; hours claimed at one frame a second play the voice's
 // longest sound and no more. A wave with no format chunk or of a compressed
-// coding, or no wave at all, is no sound (bytes that crash nothing are the
-// fuzzer's).
+// coding is no sound (a file that is no wave at all is the silence test's;
+// bytes that crash nothing are the fuzzer's).
 TEST_F(SoundVoiceTest, LyingLengthsAreBoundedAndBadWavesAreNoSound) {
   QByteArray no_format = Tone(7, 10);
   no_format.replace(24, 4, "junk");
   const struct { QByteArray wave; size_t size; int value; } kWaves[] = {
       {Wave(Format(1, 1, kVoiceRate, 16), Tone(7, 10).right(20), 0xFFFFFFFF), 10, 7},
       {Wave(Format(1, 1, 1, 8), QByteArray(100, '\x90')), kLongestSoundSeconds * kVoiceRate, 4096},
-      {"no sound", 0, 0},
       {no_format, 0, 0},
       {Wave(Format(2, 1, kVoiceRate, 16), "\7\0"), 0, 0}};
+  int row = 0;
   for (const auto& w : kWaves) {
     const Samples samples = Decode(w.wave);
-    EXPECT_TRUE(samples.size() == w.size && All(samples, w.value)) << w.size;
+    EXPECT_TRUE(samples.size() == w.size && All(samples, w.value)) << "row " << row++;
   }
 }
 
