@@ -3,23 +3,13 @@
 // renders pages when it shows them).
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-
 #include "shell/qt/picture_book.h"
+#include "tests/shell/qt/qt_test_app.h"
 
 namespace {
 
-void EnsureApp() {
-  if (QCoreApplication::instance()) return;
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  static int argc = 1;
-  static char name[] = "nautrix_shell_bench";
-  static char* argv[] = {name, nullptr};
-  new QApplication(argc, argv);
-}
-
 void BM_PictureBook(benchmark::State& state) {
-  EnsureApp();
+  nautrix::TestApp();
   const qreal dpr = static_cast<qreal>(state.range(0));
   for (auto _ : state) {
     nautrix::PictureBook book(dpr);
@@ -30,7 +20,7 @@ void BM_PictureBook(benchmark::State& state) {
 BENCHMARK(BM_PictureBook)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 
 void BM_RenderIcon(benchmark::State& state) {
-  EnsureApp();
+  nautrix::TestApp();
   for (auto _ : state) {
     for (const int size : nautrix::kIconSizes) benchmark::DoNotOptimize(nautrix::RenderIcon(size).cacheKey());
   }
@@ -39,7 +29,7 @@ void BM_RenderIcon(benchmark::State& state) {
 BENCHMARK(BM_RenderIcon)->Unit(benchmark::kMillisecond);
 
 void BM_RenderPage(benchmark::State& state) {
-  EnsureApp();
+  nautrix::TestApp();
   const int page = static_cast<int>(state.range(0));
   for (auto _ : state) benchmark::DoNotOptimize(nautrix::RenderPage(page, 2).cacheKey());
   state.SetLabel("at 200 %");

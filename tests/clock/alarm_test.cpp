@@ -1,6 +1,7 @@
 // ALARM - it rings for the rest of its minute, once a second, and only at
-// its own half of the day. A key release silences it for good, but not in a
-// running game, which rings without a sound until its game-over minute.
+// its own half of the day. A key release silences it for good (the e2e
+// tier's two copies), but not in a running game, which rings without a
+// sound until its game-over minute.
 // ACL forgets it with the high scores.
 #include <algorithm>
 
@@ -53,23 +54,6 @@ TEST_F(AlarmRinging, RingsOnceASecondForTheRestOfItsMinute) {
   EXPECT_EQ(Heard() + (form.RingingSilenced ? " silenced" : ""), "0");
   form.mSound.Checked = false;
   EXPECT_EQ(Heard(12, 0, 1), "0 rings ba");
-}
-
-// A key release silences it until a setting mode is left; a window hidden
-// in the tray stays hidden when "Auto Show" is off.
-TEST_F(AlarmRinging, AKeyReleaseSilencesItUntilTheAlarmSettingIsLeft) {
-  Heard(12, 0, 10);
-  NextSecond(3);
-  Click(By::Keyboard, Obj::LeftButton);
-  NextSecond(5);
-  EXPECT_EQ(Heard(), "3");  // the three seconds before the key
-  Enter(Mode::AlarmSet);
-  Click(By::Pointer, Obj::TimeButton);
-  form.mAutoShow.Checked = false;
-  form.mHide_Click();
-  NextSecond();
-  EXPECT_EQ(Heard(), "1 rings ba");
-  EXPECT_EQ(fake.calls.back(), "HideWindow");
 }
 
 // A running game rings in silence past its keys, and beeps in its game-over

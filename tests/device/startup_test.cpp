@@ -34,10 +34,9 @@ TEST_F(StartUp, AStoreIsRepairedKeyByKey) {
   for (const auto& c : cases) {
     FakePlatform fake;
     fake.FillDefaultStore();
-    fake.store["Always on Top"] = "True";
-    fake.store["Sound"] = "False";
-    fake.store["Left"] = "1455";
-    fake.store["Top"] = "29670";
+    for (const auto& [key, value] : {std::pair{"Always on Top", "True"}, {"Sound", "False"},
+                                      {"Left", "1455"}, {"Top", "29670"}})
+      fake.store[key] = value;
     for (const auto& [key, value] : c.edits) {
       if (value) fake.store[key] = value;
       else fake.store.erase(key);

@@ -147,29 +147,6 @@ TEST_F(Dialogs, ThePageRing) {
   EXPECT_EQ(window.unloads, 1);
 }
 
-// A left click turns on at its release, a right click back; a left drag
-// moves the sheet by the pointer's way and turns nothing, unless it ends
-// exactly where it began; a press during a drag is ignored.
-TEST_F(Dialogs, ClickOrDragIsDecidedAtTheRelease) {
-  leaflet.Form_Load();
-  // Presses, moves and releases: "d1" a press of button 1, "m" a move with
-  // it held, "u2" the release of button 2; all at (600, 450) twips but moves.
-  const auto play = [&](std::initializer_list<std::pair<char, float>> events) {
-    for (const auto& [event, x] : events) {
-      if (event == 'd') leaflet.Picture1_MouseDown(static_cast<int>(x), 0, 600, 450);
-      if (event == 'm') leaflet.Picture1_MouseMove(1, 0, x, 450 + (x - 600) * 2);
-      if (event == 'u') leaflet.Picture1_MouseUp(static_cast<int>(x), 0, 600, 450);
-    }
-    return leaflet.CurrentPage;
-  };
-  EXPECT_EQ(play({{'d', 1}}), 1);
-  EXPECT_EQ(play({{'u', 1}}), 2);
-  EXPECT_EQ(play({{'d', 2}, {'u', 2}, {'u', 4}}), 1);
-  EXPECT_EQ(play({{'d', 1}, {'m', 615}, {'d', 1}, {'m', 600}, {'u', 1}}), 1);
-  EXPECT_TRUE(window.left == 3015 && window.top == 2030);
-  EXPECT_EQ(play({{'d', 1}, {'m', 700}, {'m', 500}, {'u', 1}}), 2);
-}
-
 // Each link hands its target to the desktop at the release of any button.
 TEST_F(Dialogs, TheLinks) {
   about.Form_Load();

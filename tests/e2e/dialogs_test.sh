@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # The dialogs as a user meets them: a first run's leaflet, centred and above,
-# turned by its keys and closed by Esc; O opens one Options however often it
-# is pressed, and Home and Enter there store the slowest Game B, then heard
-# beating at 441 ms; About's mail link changes its look while pressed and
-# reaches the desktop's opener as "mailto:"; a second run shows no leaflet.
+# turned by its keys and by the pointer, dragged, and closed by Esc; O opens
+# one Options however often it is pressed, and Home and Enter there store the
+# slowest Game B, then heard beating at 441 ms; About's mail link changes its
+# look while pressed and reaches the desktop's opener as "mailto:"; a second
+# run shows no leaflet.
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
@@ -41,9 +42,8 @@ xdotool windowactivate --sync "$leaflet"
 import -window "$leaflet" "$E2E_DIR/page0.png"
 pages=1
 letters=abcdefghi
-trace=""
-for key in Next Home End Return Left Right Up Down BackSpace Prior; do
-  xdotool key "$key"
+# Adds the letter of the page shown now to the trace.
+trace_page() {
   sleep 0.15
   import -window "$leaflet" "$E2E_DIR/shot.png"
   for ((i = 0; i < pages; i++)); do
@@ -52,8 +52,30 @@ for key in Next Home End Return Left Right Up Down BackSpace Prior; do
   done
   [ "$i" -lt "$pages" ] || mv "$E2E_DIR/shot.png" "$E2E_DIR/page$((pages++)).png"
   trace+=${letters:i:1}
+}
+trace=""
+for key in Next Home End Return Left Right Up Down BackSpace Prior; do
+  xdotool key "$key"
+  trace_page
 done
 e2e_expect_eq "$trace" "bacacacacd" "pages after PgDn Home End Enter Left Right Up Down Backspace PgUp from the cover"
+
+# The pointer on the sheet, from the cover: a left click turns on at its
+# release, a right click back; a drag moves the sheet by the pointer's way
+# and turns nothing.
+xdotool key Home mousemove --window "$leaflet" 200 120
+trace=""
+xdotool mousedown 1
+trace_page
+xdotool mouseup 1
+trace_page
+xdotool click 3
+trace_page
+read -r x y < <(e2e_window_position "$leaflet")
+xdotool mousedown 1 sleep 0.1 mousemove_relative 10 5 sleep 0.1 mousemove_relative 20 15 sleep 0.1 mouseup 1
+trace_page
+e2e_expect_eq "$trace" "abaa" "pages after a left press, its release, a right click and a drag"
+e2e_expect_eq "$(e2e_window_position "$leaflet")" "$((x + 30)) $((y + 20))" "the leaflet's place after the drag"
 xdotool key Escape
 e2e_wait_for 3 sh -c "! xwininfo -id $leaflet >/dev/null 2>&1" || e2e_fail "Esc left the leaflet open"
 

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # The device worked from the keyboard and the pointer as a user works it, in a
 # real X server: the alarm set by keyboard lands in the store, S toggles the
-# sound, R erases the high scores and the alarm, GAME A by keyboard plays a
-# game to its end by itself, a click on GAME A shows the high score while
-# held and starts the game at the release, and a double click turns the
-# device over and back.
+# sound, ACL slid off resets nothing and R erases the high scores and the
+# alarm, GAME A by keyboard plays a game to its end by itself, a click on
+# GAME A shows the high score while held and starts the game at the release,
+# and a double click turns the device over and back.
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
@@ -39,7 +39,12 @@ e2e_key s
 sleep 0.3
 e2e_expect_eq "$(e2e_setting Sound)" "True" "Sound after a second S"
 
-# --- R: the ACL reset erases the high scores and the alarm.
+# --- ACL pressed by the pointer and slid off before its release resets
+# nothing; R, the ACL reset, erases the high scores and the alarm.
+xdotool mousemove --window "$E2E_WIN" --sync 312 61 mousedown 1 sleep 0.2 \
+  mousemove --window "$E2E_WIN" 200 180 sleep 0.2 mouseup 1
+sleep 0.3
+e2e_expect_eq "$(e2e_setting 'Game A High Score')" "7" "Game A High Score after ACL slid off"
 e2e_key r
 sleep 0.3
 e2e_expect_eq "$(e2e_setting 'Game A High Score')" "0" "Game A High Score after R"

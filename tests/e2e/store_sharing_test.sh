@@ -2,10 +2,11 @@
 # The store as copies of the program share it and machines treat it. Two
 # copies side by side: the alarm one stores is the one the other steps from,
 # an ACL reset in one puts out the other's note at once, the alarm armed in
-# one rings in the other. SIGKILL at random moments of a burst of writes (S
-# held) never leaves a store that fails to read or lost a key; two copies
-# writing in turn leave every key and each one's latest value; a read-only
-# folder and a full disk leave the run's values in memory and the program quiet.
+# one rings in the other until a key silences it. SIGKILL at random moments
+# of a burst of writes (S held) never leaves a store that fails to read or
+# lost a key; two copies writing in turn leave every key and each one's latest
+# value; a read-only folder and a full disk leave the run's values in memory
+# and the program quiet.
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
@@ -59,6 +60,11 @@ quiet=$(region B "${baby[@]}")
 keys B t
 b_rings() { [ "$(region B "${baby[@]}")" != "$quiet" ]; }
 e2e_wait_for 3 b_rings || e2e_fail "B did not ring at the alarm armed by A"
+# A key let go silences it for the rest of its minute.
+keys B Left
+e2e_wait_for 3 eval '! b_rings' || e2e_fail "B rang on after a key"
+sleep 1.5
+! b_rings || e2e_fail "B rang again after the key"
 
 # --- Two copies press S in turn: each press is in the file, nothing else moves.
 others=$(grep -v '^Sound=' "$store")

@@ -48,28 +48,10 @@ TEST_F(Caught, ByATipArrivingOverHimOrByAStepUnderIt) {
   EXPECT_EQ(SeaAfter("rl"), "-rr 3:11 00500 - c11");  // back under tentacle 2 with the bag
 }
 
-// At the chest tentacle 4 catches him at any working beat, arriving or
-// standing; the treasure taken in the tick the tip came down pays nothing.
-TEST_F(Caught, AtTheChest) {
-  Play(1);
-  Do("rrrrrr");  // the first working beat
-  PutTentacle(4, 2, false);
-  form.TentacleTurn = 4;
-  form.MoveTentacles();
-  EXPECT_EQ(Sea(), "-rr 5:21 00003 - c11");
-  Beeped();
-  EXPECT_EQ(SeaAfter("rr"), "-rr 5:31 00003 - c11");  // on to the treasure
-  EXPECT_EQ(form.Score, 0);
-  EXPECT_EQ(Beeped(), "");
-  form.CaptureBeats = 0;
-  form.DiverPos = 5;
-  Do("r");
-  EXPECT_EQ(form.CaptureBeats, 11);
-}
-
 // During a bonus a standing tip catches nobody and the treasure does not
 // climb on the boat; while the clock is set the walking demo is not caught
-// on the sea floor, out or back, but it is at the chest.
+// on the sea floor, out or back, but it is at the chest, where tentacle 4
+// catches him.
 TEST_F(Caught, NotDuringABonusNorOnTheSeaFloorWhileTheClockIsSet) {
   PutTentacle(0, 3, true);
   form.BonusBeats = 5;

@@ -39,16 +39,6 @@ TEST_P(Routes, AlarmInTheGameOverMinute) {
   EXPECT_EQ(form.Timer1Interval(), pointer() ? 200 : 50);
 }
 
-// In the clock setting the ALARM release sets the setting's pace by pointer
-// alone; here the setting runs at the pace of the game that ACL ended.
-TEST_P(Routes, AlarmReleasedInTheClockSetting) {
-  Enter(Mode::Game);
-  DeviceTest::Click(By::Pointer, Obj::ACLButton);
-  Click(Obj::AlarmButton);
-  EXPECT_EQ(form.Timer1Interval(), pointer() ? 200 : 220);
-  EXPECT_EQ(form.AlarmSetting, 0);
-}
-
 // TIME in game over shows the alarm at the press; at the release the game
 // still runs when the mark is tested, so the mark stays lit after the end.
 // The pointer's release silences the alarm as well.

@@ -13,8 +13,10 @@ constexpr int kLeft = 37, kUp = 38, kT = 84, kS = 83, kX = 88;
 
 // Left and Up are one key: with Left held Up is turned away, and Up's
 // key-up ends the hold; Up alone steps the hour as well. X tapped while T
-// is held releases TIME.
-TEST_F(Keyboard, LeftAndUpAreOneKeyAndAnyKeyUpEndsTheHold) {
+// is held releases TIME. S tapped flips the sound mark and stores it; S
+// tapped while T is held releases TIME instead; while the boat counts in a
+// game S is dead too.
+TEST_F(Keyboard, LeftAndUpAreOneKeyAnyKeyUpEndsTheHoldAndSFlipsTheSound) {
   Enter(Mode::ClockSet);
   Keys({kLeft, kUp, -kUp});
   EXPECT_FALSE(IsDown(Obj::LeftButton) || form.KeyLatch);
@@ -22,11 +24,6 @@ TEST_F(Keyboard, LeftAndUpAreOneKeyAndAnyKeyUpEndsTheHold) {
   EXPECT_EQ(form.EditTimeText, "020000 AM");
   Keys({kT, kX, -kX});
   EXPECT_EQ(Joined(fake.calls), "SetTimeOfDay 02:00:00 AM");
-}
-
-// S tapped flips the sound mark and stores it; S tapped while T is held
-// releases TIME instead; while the boat counts in a game S is dead too.
-TEST_F(Keyboard, STappedFlipsTheSound) {
   Keys({kS, -kS});
   EXPECT_EQ(fake.store[store::kSound], "False");
   Keys({kT, kS, -kS});

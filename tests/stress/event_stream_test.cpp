@@ -46,6 +46,8 @@ class Stream : public FakePlatform {
 
   explicit Stream(uint64_t seed) : gen_(seed) {
     FillDefaultStore();
+    for (const auto& entry : store) keys_.push_back(entry.first);
+    keys_.push_back(store::kSeconds);
     seconds = Pick(kDay);
     StartRun();
   }
@@ -271,8 +273,8 @@ class Stream : public FakePlatform {
     (about_->form.*kLinks[Pick(6)])(Button(), 0, Twips(), Twips());
   }
 
-  // The store, edited by hand or by another copy: a key taken away, junk
-  // bytes, or a value of any kind the device might read.
+  // The store, edited by hand or by another copy: a key (any the device
+  // knows) taken away, junk bytes, or a value of any kind it might read.
   void StoreEvent() {
     static const char* const kValues[] = {
         "",          "True",      "false",     "0",          "-1",          "1",
@@ -280,12 +282,7 @@ class Stream : public FakePlatform {
         "-32769",    "1e40",      "nan",       "inf",        "-45",         "2.5",
         "120000 PM", "125900 AM", "010000 PM", "130000 AM",  "12:00",       "000000 AM",
         "NotFound",  " 300 ",     "0x1F",      "\xff\xfe",   "True, False", "9999999999999"};
-    static const char* const kKeys[] = {
-        store::kSound,          store::kLeft,           store::kTop,        store::kSeconds,
-        store::kDiverSpeed,     store::kGameASpeed,     store::kGameBSpeed, store::kAlarmTime,
-        store::kGameAHighScore, store::kGameBHighScore, store::kAlarmOn,    store::kAlwaysOnTop,
-        store::kAutoShow};
-    const std::string key = kKeys[Pick(std::size(kKeys))];
+    const std::string key = keys_[Pick(keys_.size())];
     if (Chance(0.15)) return void(store.erase(key));
     std::string value = kValues[Pick(std::size(kValues))];
     if (Chance(0.1)) {
@@ -305,6 +302,7 @@ class Stream : public FakePlatform {
   int held_ = 0;               // pointer buttons down: 1 left, 2 right, 4 middle
   Obj captured_ = Obj::Count;  // the object that took the press
   std::vector<int> down_;      // keys down, in the order they went down
+  std::vector<std::string> keys_;  // every key of the store
 };
 
 // A million events over ten streams. The long run is this test with

@@ -81,7 +81,6 @@ class DeviceTest : public ::testing::Test {
   // From the idle device into the mode, as a user gets there; then Forget.
   void Enter(Mode mode);
   void MoveTo(Point p) { fake.cursor = p; }
-  void MoveOff() { fake.cursor = {200, 180}; }  // on the case, over no key
   static Point Middle(Obj key);
   static int CodeOf(Obj key);
   // A left press on the key's object, the pointer at p.
