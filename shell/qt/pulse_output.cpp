@@ -74,7 +74,8 @@ void PulseOutput::Start(std::shared_ptr<const Samples> sound) {
     // Connecting reads the client's configuration and may even ask the X
     // server where the audio server is: that work is the library thread's.
     reach_pending_ = true;
-    lib_.pa_mainloop_api_once(lib_.pa_threaded_mainloop_get_api(loop_), &PulseOutput::OnReach, this);
+    lib_.pa_mainloop_api_once(lib_.pa_threaded_mainloop_get_api(loop_), &PulseOutput::OnReach,
+                              this);
   }
 }
 
@@ -100,8 +101,8 @@ void PulseOutput::Reach() {
   lib_.pa_proplist_sets(properties, PA_PROP_APPLICATION_NAME, "Nautrix");
   lib_.pa_proplist_sets(properties, PA_PROP_APPLICATION_ID, "nautrix");
   lib_.pa_proplist_sets(properties, PA_PROP_MEDIA_ROLE, "game");
-  context_ =
-      lib_.pa_context_new_with_proplist(lib_.pa_threaded_mainloop_get_api(loop_), "Nautrix", properties);
+  context_ = lib_.pa_context_new_with_proplist(lib_.pa_threaded_mainloop_get_api(loop_), "Nautrix",
+                                               properties);
   lib_.pa_proplist_free(properties);
   if (!context_) return;
   lib_.pa_context_set_state_callback(context_, &PulseOutput::OnContextState, this);
@@ -147,7 +148,7 @@ void PulseOutput::Write(size_t bytes, bool from_read_point) {
   chunk_.resize(count);
   reader_.Read(chunk_.data(), count);
   lib_.pa_stream_write(stream_, chunk_.data(), count * sizeof(int16_t), nullptr, 0,
-                  from_read_point ? PA_SEEK_RELATIVE_ON_READ : PA_SEEK_RELATIVE);
+                       from_read_point ? PA_SEEK_RELATIVE_ON_READ : PA_SEEK_RELATIVE);
   silent_ = reader_.Sounding() ? 0 : silent_ + count;
   if (!corked_ && silent_ >= static_cast<size_t>(kVoiceRate) * kIdleMs / 1000) {
     pa_operation* operation = lib_.pa_stream_cork(stream_, 1, nullptr, nullptr);
@@ -168,7 +169,8 @@ void PulseOutput::OnContextState(pa_context* context, void* self) {
 // be by now.
 void PulseOutput::OnStreamState(pa_stream* stream, void* self) {
   PulseOutput* output = Self(self);
-  if (stream != output->stream_ || output->lib_.pa_stream_get_state(stream) != PA_STREAM_READY) return;
+  if (stream != output->stream_ || output->lib_.pa_stream_get_state(stream) != PA_STREAM_READY)
+    return;
   if (!output->reader_.Sounding()) return;
   output->reader_.CatchUp();
   output->Wake();
