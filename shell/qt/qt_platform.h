@@ -43,7 +43,6 @@ class QtPlatform : public Platform {
   // the device has asked for. Runs once: just after the first frame, or
   // before it when a hidden window needs its tray.
   void FinishStart();
-  SoundVoice& voice() { return voice_; }
   DialogWindows* dialogs() { return dialogs_.get(); }
   // The device has asked to end; an event loop not yet running must not start.
   bool QuitRequested() const { return quit_requested_; }

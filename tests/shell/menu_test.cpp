@@ -7,11 +7,11 @@
 namespace nautrix {
 namespace {
 
-using WindowMenuAndTray = Scene;
+using MenuAndTray = Scene;
 
 // The window follows the pointer's way in whole pixels (X and Y are twips
 // from the pressed object's corner), and its place is stored at the release.
-TEST_F(WindowMenuAndTray, TheCaseDragsTheWindowAndItsPlaceIsStoredAtTheEnd) {
+TEST_F(MenuAndTray, TheCaseDragsTheWindowAndItsPlaceIsStoredAtTheEnd) {
   form.MouseDown(Obj::FrontCase, 1, 0, 150, 300);
   form.MouseMove(Obj::FrontCase, 1, 0, 180, 270);
   EXPECT_TRUE(fake.left == -15 && fake.top == -360 && fake.store_writes.empty());
@@ -24,7 +24,7 @@ void Tray(Form1& form, int message) { form.Form_MouseMove(0, 0, message * 15.0f,
 // 512 to 518: a move, the left press, release and double click, the right
 // press, release and double click. Only 515 and 517 act; while the menu is
 // open from the tray, the tray's events are dropped.
-TEST_F(WindowMenuAndTray, OnlyTheDoubleClickAndTheRightReleaseOfTheTrayAct) {
+TEST_F(MenuAndTray, OnlyTheDoubleClickAndTheRightReleaseOfTheTrayAct) {
   for (int message = 512; message <= 518; ++message) Tray(form, message);
   EXPECT_EQ(Joined(fake.calls), "HideWindow;PopupMenu");
   EXPECT_TRUE(form.mHide.Checked);
@@ -45,7 +45,7 @@ TEST_F(WindowMenuAndTray, OnlyTheDoubleClickAndTheRightReleaseOfTheTrayAct) {
 // key); a segment's any press but the left; a key's any press but the left,
 // under the keys' gates, where ACL alone passes while the boat counts. The
 // logo shows its normal look once the menu has closed.
-TEST_F(WindowMenuAndTray, TheMenuOpensFromTheWindowUnderItsGates) {
+TEST_F(MenuAndTray, TheMenuOpensFromTheWindowUnderItsGates) {
   // PressedKey, KeyLatch, and the boat counting in a game.
   const struct { Obj object; int button; int16_t held; bool latch, counting, opens; } cases[] = {
       {Obj::FrontCase, 2, kNoKey, 0, 0, 1},      {Obj::FrontCase, 2, kGameAKey, 0, 0, 0},
