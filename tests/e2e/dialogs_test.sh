@@ -91,7 +91,7 @@ e2e_expect_eq "$options_shown" 1 "options windows after O twice"
 options=$(xdotool search --onlyvisible --name '^Nautrix Options$' | head -n1)
 xdotool windowactivate --sync "$options" key Home keydown Return sleep 0.3 keyup Return
 e2e_wait_for 3 sh -c "! xwininfo -id $options >/dev/null 2>&1" || e2e_fail "Enter left the options open"
-e2e_expect_eq "$(e2e_setting 'Game B Speed')" 441 "Game B Speed after Home and OK"
+e2e_expect_setting 'Game B Speed' 441 "Game B Speed after Home and OK"
 sleep 0.3
 e2e_expect_eq "$(xdotool search --onlyvisible --pid "$E2E_APP" | wc -l)" 1 "windows shown after OK by Enter"
 

@@ -25,19 +25,15 @@ e2e_key a            # alarm setting at 12:00 PM
 e2e_key Right        # minute: 12:01
 e2e_key Up           # hour: 01:01 PM
 e2e_key a            # arm the alarm; the release stores it
-sleep 0.3
-e2e_expect_eq "$(e2e_setting 'Alarm On')" "True" "Alarm On after A in alarm setting"
+e2e_expect_setting 'Alarm On' "True" "Alarm On after A in alarm setting"
 e2e_key t            # store the time and leave
-sleep 0.3
-e2e_expect_eq "$(e2e_setting 'Alarm Time')" "010100 PM" "Alarm Time after T"
+e2e_expect_setting 'Alarm Time' "010100 PM" "Alarm Time after T"
 
 # --- S toggles the sound mark and its key.
 e2e_key s
-sleep 0.3
-e2e_expect_eq "$(e2e_setting Sound)" "False" "Sound after S"
+e2e_expect_setting Sound "False" "Sound after S"
 e2e_key s
-sleep 0.3
-e2e_expect_eq "$(e2e_setting Sound)" "True" "Sound after a second S"
+e2e_expect_setting Sound "True" "Sound after a second S"
 
 # --- ACL pressed by the pointer and slid off before its release resets
 # nothing; R, the ACL reset, erases the high scores and the alarm.
@@ -46,11 +42,10 @@ xdotool mousemove --window "$E2E_WIN" --sync 312 61 mousedown 1 sleep 0.2 \
 sleep 0.3
 e2e_expect_eq "$(e2e_setting 'Game A High Score')" "7" "Game A High Score after ACL slid off"
 e2e_key r
-sleep 0.3
-e2e_expect_eq "$(e2e_setting 'Game A High Score')" "0" "Game A High Score after R"
-e2e_expect_eq "$(e2e_setting 'Game B High Score')" "0" "Game B High Score after R"
-e2e_expect_eq "$(e2e_setting 'Alarm Time')" "120000 PM" "Alarm Time after R"
-e2e_expect_eq "$(e2e_setting 'Alarm On')" "False" "Alarm On after R"
+e2e_expect_setting 'Game A High Score' "0" "Game A High Score after R"
+e2e_expect_setting 'Game B High Score' "0" "Game B High Score after R"
+e2e_expect_setting 'Alarm Time' "120000 PM" "Alarm Time after R"
+e2e_expect_setting 'Alarm On' "False" "Alarm On after R"
 e2e_key t            # leave clock setting: the device is idle again
 sleep 0.5
 

@@ -58,14 +58,18 @@ e2e_home() {
 e2e_setup() {
   e2e_home
   Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$E2E_DIR/display" 2>/dev/null &
-  E2E_PIDS+=($!)
+  local xvfb=$!
+  E2E_PIDS+=($xvfb)
   e2e_wait_for 10 test -s "$E2E_DIR/display" || e2e_fail "Xvfb did not start"
   export DISPLAY=":$(head -n1 "$E2E_DIR/display")"
 
-  openbox --sm-disable >/dev/null 2>&1 &
-  E2E_PIDS+=($!)
-  e2e_wait_for 10 sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"' ||
-    e2e_fail "openbox did not take the display"
+  openbox --sm-disable >"$E2E_DIR/openbox.log" 2>&1 &
+  local openbox=$!
+  E2E_PIDS+=($openbox)
+  e2e_wait_for 20 sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"' ||
+    e2e_fail "openbox did not take the display $DISPLAY" \
+      "$(kill -0 $xvfb 2>/dev/null || echo "(Xvfb ended)")" \
+      "$(kill -0 $openbox 2>/dev/null || echo "(openbox ended)")" "$(cat "$E2E_DIR/openbox.log")"
 }
 
 # A private PulseAudio whose only output is the null sink "nautrix"; E2E_AUDIO
@@ -156,6 +160,15 @@ e2e_setting() {
   local line
   line=$(grep -E "^${key}=" "$(e2e_store)" 2>/dev/null | head -n1 || true)
   if [ -z "$line" ]; then echo "<missing>"; else echo "${line#*=}"; fi
+}
+
+# True while the store's key $1 holds $2 (for waits, which poll it afresh).
+e2e_setting_is() { [ "$(e2e_setting "$1")" = "$2" ]; }
+
+# Fails unless the store's key $1 comes to hold $2 within 3 s ($3 says after
+# what): a write is on disk only after its sync, which a busy disk delays.
+e2e_expect_setting() {
+  e2e_wait_for 3 e2e_setting_is "$1" "$2" || e2e_fail "$3: expected '$2', got '$(e2e_setting "$1")'"
 }
 
 # Keys of the store's [Nautrix] group, one per line, sorted.

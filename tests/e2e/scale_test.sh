@@ -36,7 +36,7 @@ expect_window_at 200 200
 click 312 38   # ALARM: alarm setting at 12:00 PM
 click 295 140  # right: the minute, 12:01
 click 289 72   # TIME: stored
-e2e_expect_eq "$(e2e_setting 'Alarm Time')" "120100 PM" "Alarm Time after clicks at scale 2"
+e2e_expect_setting 'Alarm Time' "120100 PM" "Alarm Time after clicks at scale 2"
 
 # Dragged by the case 60 x 40 pixels, 30 x 20 at the usual size.
 xdotool mousemove --window "$E2E_WIN" --sync 20 300 mousedown 1
@@ -45,9 +45,8 @@ for step in 1 2 3 4; do
   sleep 0.1
 done
 xdotool mouseup 1
-sleep 0.3
-e2e_expect_eq "$(e2e_setting Left)" "1905" "Left after a drag at scale 2"
-e2e_expect_eq "$(e2e_setting Top)" "1470" "Top after a drag at scale 2"
+e2e_expect_setting Left "1905" "Left after a drag at scale 2"
+e2e_expect_setting Top "1470" "Top after a drag at scale 2"
 expect_window_at 260 240
 
 e2e_stop_app TERM

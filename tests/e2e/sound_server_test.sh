@@ -62,7 +62,7 @@ start_game
 sleep 0.5
 for sound in False True; do
   e2e_key s
-  e2e_wait_for 3 test "$(e2e_setting Sound)" = $sound ||
+  e2e_wait_for 3 e2e_setting_is Sound $sound ||
     e2e_fail "with a stalled audio server, the S key is not taken (Sound $(e2e_setting Sound))"
 done
 kill -CONT "$E2E_AUDIO"
@@ -79,7 +79,7 @@ chmod +x "$E2E_DIR/bare-app"
 app=$E2E_DIR/bare-app start_game
 e2e_start_level_monitor
 e2e_key s
-e2e_wait_for 3 test "$(e2e_setting Sound)" = False || e2e_fail "without the library, S is not taken"
+e2e_wait_for 3 e2e_setting_is Sound False || e2e_fail "without the library, S is not taken"
 e2e_key s
 sleep 3
 ! beat_heard || e2e_fail "without the library, the beat is heard"
