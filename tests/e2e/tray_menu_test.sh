@@ -61,7 +61,7 @@ xdotool key t
 e2e_wait_for 3 on_top || e2e_fail "Always on Top did not reach the window manager"
 [ "$(xdotool search --onlyvisible --name '^Nautrix$')" = "$E2E_WIN" ] ||
   e2e_fail "Always on Top made a new window"
-grep -q '^Always%20on%20Top=True' "$store" || e2e_fail "Always on Top not stored"
+e2e_expect_setting 'Always on Top' True "Always on Top stored"
 
 # --- H from Enter's menu hides the window; it comes back from the tray's
 #     menu, still on top.
@@ -94,8 +94,7 @@ icon_docks "no icon in the tray started again"
 e2e_key r
 e2e_key Left Left Left Left Left Left Left Left Left Left Left Left
 e2e_key t a a b t
-sleep 0.3
-grep -q '^Alarm%20On=True' "$store" || e2e_fail "the alarm was not armed"
+e2e_expect_setting 'Alarm On' True "the alarm armed"
 double_click_icon
 e2e_wait_for 3 hidden || e2e_fail "the window did not hide for the alarm"
 click_icon 3
