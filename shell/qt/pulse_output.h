@@ -2,11 +2,10 @@
 // audio server (PulseAudio, or PipeWire through its PulseAudio service),
 // driven from the client library's own thread. The program's thread only
 // hands over the newest sound, so a server that is missing, slow to answer,
-// stalled or restarting never holds up the tick; the stream is opened at
-// start-up and sleeps (corked) between sounds, so an idle device costs no
-// wake-ups; and a server that goes away or comes late is reached again at
-// the next sound, at most once a second, without a word.
-// The client library itself is loaded only when the output is opened.
+// stalled or restarting never holds up the tick; the stream is opened just
+// after the device's first frame and sleeps (corked) between sounds, so an
+// idle device costs no wake-ups; and a server that goes away or comes late is
+// reached again at the next sound, at most once a second, without a word.
 #pragma once
 
 #include <chrono>

@@ -65,13 +65,13 @@ void VoiceReader::CatchUp() {
 
 // ---- SoundVoice ------------------------------------------------------------
 
-SoundVoice::SoundVoice(bool to_device) : to_device_(to_device) {}
+SoundVoice::SoundVoice(bool to_device) : output_to_open_(to_device) {}
 
 SoundVoice::~SoundVoice() = default;
 
 void SoundVoice::OpenOutput() {
-  if (!to_device_) return;
-  to_device_ = false;
+  if (!output_to_open_) return;
+  output_to_open_ = false;
   output_ = PulseOutput::Open(reader_);
 }
 
@@ -86,7 +86,6 @@ void SoundVoice::Play(const QString& path) {
     reader_.Start(std::move(samples));
   }
 }
-
 
 bool SoundVoice::Stamp::operator==(const Stamp& other) const {
   return device == other.device && inode == other.inode && size == other.size &&

@@ -87,7 +87,7 @@ class SoundVoice {
   std::shared_ptr<const Samples> Load(const QString& path);
 
   VoiceReader reader_;  // read by the output's thread under its lock
-  bool to_device_;  // until the output has been opened
+  bool output_to_open_;  // a voice for the speakers whose output is not open yet
   std::unique_ptr<PulseOutput> output_;
   std::unordered_map<std::string, Decoded> decoded_;
 };
