@@ -11,12 +11,16 @@
 function(nautrix_add_assets target)
   set(assets_dir ${CMAKE_CURRENT_FUNCTION_LIST_DIR})
   set(tools_dir ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../tools)
-  set(shell_dir ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../shell/qt)
+  set(pictures_dir ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../shell/pictures)
 
-  add_library(nautrix_art STATIC ${shell_dir}/picture_book.cpp ${shell_dir}/picture_sources.cpp)
+  add_library(nautrix_art STATIC ${pictures_dir}/picture_book.cpp ${pictures_dir}/picture_sources.cpp)
+  nautrix_target_flags(nautrix_art)
   target_link_libraries(nautrix_art PUBLIC nautrix_core Qt6::Gui Qt6::Svg)
   target_link_libraries(${target} PUBLIC nautrix_art)
-  file(GLOB page_files CONFIGURE_DEPENDS ${assets_dir}/pages/*.svg)
+  set(page_files)
+  foreach(n 1 2 3 4 5 6 7 8 9)
+    list(APPEND page_files ${assets_dir}/pages/page${n}.svg)
+  endforeach()
   # With a static library Qt compiles the resources into an object library
   # whose objects reach every executable that links it.
   qt_add_resources(nautrix_art nautrix_art_sources
@@ -29,6 +33,7 @@ function(nautrix_add_assets target)
   # source of `target`.
   add_executable(nautrix_render_pictures ${tools_dir}/render_pictures.cpp)
   target_link_libraries(nautrix_render_pictures PRIVATE nautrix_art)
+  nautrix_target_flags(nautrix_render_pictures)
   set(built_pictures ${CMAKE_BINARY_DIR}/built_pictures_data.cpp)
   add_custom_command(
     OUTPUT ${built_pictures}
@@ -40,6 +45,7 @@ function(nautrix_add_assets target)
 
   # The beeps, synthesised at build time by our own tool.
   add_executable(nautrix_make_beeps ${tools_dir}/make_beeps.cpp)
+  nautrix_target_flags(nautrix_make_beeps)
   set(wave_files)
   foreach(n 0 1 2 3)
     list(APPEND wave_files ${CMAKE_BINARY_DIR}/Beep${n}.wav)
@@ -59,4 +65,5 @@ function(nautrix_add_assets target)
     ${CMAKE_SOURCE_DIR}/tests/support/fake_platform.cpp)
   target_include_directories(nautrix_gallery PRIVATE ${CMAKE_SOURCE_DIR})
   target_link_libraries(nautrix_gallery PRIVATE ${target})
+  nautrix_target_flags(nautrix_gallery)
 endfunction()

@@ -218,7 +218,7 @@ class Form1 {
   void Form_KeyDown(int KeyCode, int Shift);
   void Form_KeyUp(int KeyCode, int Shift);
 
-  // ---- shell/pointer.cpp: pointer events of the window's objects --------
+  // ---- window/pointer.cpp: pointer events of the window's objects --------
   // The shell hands every pointer event to the object that took it (the
   // press's object keeps the moves and the release); these route it to the
   // object's handlers. X and Y are twips relative to the object.
@@ -227,7 +227,7 @@ class Form1 {
   void MouseUp(Obj o, int Button, int Shift, float X, float Y);
   void DblClick(Obj o);
 
-  // ---- shell/window.cpp: window shape and drag ---------------------------
+  // ---- window/drag.cpp: window shape and drag ---------------------------
   void BeginDrag(int Button, int Shift, float X, float Y);
   void DragWindow(int Button, int Shift, float X, float Y);
   void EndDrag(int Button, int Shift, float X, float Y);
@@ -235,7 +235,7 @@ class Form1 {
   void Logo_MouseMove(int Button, int Shift, float X, float Y);
   void Logo_MouseUp(int Button, int Shift, float X, float Y);
 
-  // ---- shell/menu.cpp: the popup menu and the tray -----------------------
+  // ---- window/menu.cpp: the popup menu and the tray -----------------------
   void OpenPopupMenu();
   void Form_MouseMove(int Button, int Shift, float X, float Y);
   void mHide_Click();
@@ -248,7 +248,7 @@ class Form1 {
   void mAbout_Click();
   void mExit_Click();
 
-  // ---- shell/sound.cpp ---------------------------------------------------
+  // ---- device/sound.cpp ---------------------------------------------------
   void PlaySoundFile(const std::string& Filename);
   bool FileExists(const std::string& Filename);
   std::string ProgramFilePath(const std::string& Filename);

@@ -17,8 +17,8 @@
 #include <vector>
 
 #include "device/form1.h"
-#include "shell/qt/device_painter.h"
-#include "shell/qt/built_pictures.h"
+#include "shell/pictures/device_painter.h"
+#include "shell/pictures/built_pictures.h"
 #include "tests/support/fake_platform.h"
 
 using namespace nautrix;

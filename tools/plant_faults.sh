@@ -64,11 +64,11 @@ keys/pointer_tracking.cpp: {309, 315, 35, 41},    // ALARM => {309, 315, 35, 40}
 keys/pointer_tracking.cpp: if (slid_on || key == kGameAKey || key == kGameBKey || key == kTimeKey) { => if (slid_on) {
 keys/keyboard.cpp: case 37: case 38: return kLeftKey; => case 37: return kLeftKey;
 keys/keyboard.cpp: if (!released && KeyCode == kSoundKeyCode) mSound_Click(); => if (KeyCode == kSoundKeyCode) mSound_Click();
-shell/menu.cpp: if (TrayBusy) return; =>
-shell/window.cpp: platform_.WindowLeft() + (X - DragX) => platform_.WindowLeft() + (DragX - X)
-shell/window.cpp: if (Button == 2 && PressedKey == kNoKey) OpenPopupMenu(); => if (Button == 2) OpenPopupMenu();
-shell/pointer.cpp: o != Obj::Logo && o != Obj::Colon; => o != Obj::Logo;
-shell/sound.cpp: if (!Playing || !mSound.Checked) return; => if (!mSound.Checked) return;
+window/menu.cpp: if (TrayBusy) return; =>
+window/drag.cpp: platform_.WindowLeft() + (X - DragX) => platform_.WindowLeft() + (DragX - X)
+window/drag.cpp: if (Button == 2 && PressedKey == kNoKey) OpenPopupMenu(); => if (Button == 2) OpenPopupMenu();
+window/pointer.cpp: o != Obj::Logo && o != Obj::Colon; => o != Obj::Logo;
+device/sound.cpp: if (!Playing || !mSound.Checked) return; => if (!mSound.Checked) return;
 dialogs/form3.cpp: std::to_string(bar.Value + 1) => std::to_string(bar.Value)
 dialogs/form3.cpp: std::to_string(bar.Max - bar.Value + 1) => std::to_string(bar.Max - bar.Value)
 dialogs/form3.cpp: device_.DoCheckSpeed(); =>
@@ -80,22 +80,22 @@ EOF
 # The desktop's side: the store's file, the voice and its cache, the wave
 # decoder, the window's repaints, pointer and keys, the pictures, the dialogs.
 qt_faults=$(cat <<'EOF'
-shell/qt/settings_store.cpp: a.st_dev == b.st_dev && a.st_ino == b.st_ino && => a.st_dev == b.st_dev &&
-shell/qt/settings_store.cpp: ok = ok && ::fsync(fd) == 0; =>
-shell/qt/settings_store.cpp: ok = ok && ::rename(temp.c_str(), path.c_str()) == 0; =>
-shell/qt/settings_store.cpp: ::flock(folder, LOCK_EX | LOCK_NB) => ::flock(folder, LOCK_SH | LOCK_NB)
-shell/qt/settings_store.cpp: if (!quoted && c == ';') break; => if (c == ';') break;
-shell/qt/sound_voice.cpp: Same(modified, other.modified) && Same(changed, other.changed); => Same(modified, other.modified);
-shell/qt/sound_voice.cpp: if (st.st_size <= kLargestWave) { => if (st.st_size <= 2 * kLargestWave) {
-shell/qt/wave_decoder.cpp: at = body + length + (length & 1); => at = body + length;
-shell/qt/wave_decoder.cpp: return (p[0] - 128) * 256.0; => return p[0] * 256.0;
-shell/qt/wave_decoder.cpp: uint64_t{kLongestSoundSeconds} * static_cast<uint64_t>(rate)); => uint64_t{kLongestSoundSeconds + 1} * static_cast<uint64_t>(rate));
-shell/qt/device_window.cpp: update(r.left, r.top, r.width, r.height); => update(r.left, r.top, r.width - 1, r.height);
-shell/qt/device_window.cpp: const QPoint client = ClientPoint(global.toPoint()); => const QPoint client = global.toPoint();
-shell/qt/device_painter.cpp: for (int i = kClientObjectCount - 1; i >= 0; --i) { => for (int i = 0; i < kClientObjectCount; ++i) {
-shell/qt/keyboard_route.cpp: held_->scan == event.nativeScanCode() && => held_->scan == event.nativeScanCode();
-shell/qt/qt_platform.cpp: constexpr int kFrameTopTwips = 330; => constexpr int kFrameTopTwips = 345;
-shell/qt/built_pictures.cpp: if (device_pixel_ratio != 1) => if (device_pixel_ratio > 2)
+shell/store/settings_store.cpp: a.st_dev == b.st_dev && a.st_ino == b.st_ino && => a.st_dev == b.st_dev &&
+shell/store/settings_store.cpp: ok = ok && ::fsync(fd) == 0; =>
+shell/store/settings_store.cpp: ok = ok && ::rename(temp.c_str(), path.c_str()) == 0; =>
+shell/store/settings_store.cpp: ::flock(folder, LOCK_EX | LOCK_NB) => ::flock(folder, LOCK_SH | LOCK_NB)
+shell/store/settings_store.cpp: if (!quoted && c == ';') break; => if (c == ';') break;
+shell/sound/sound_voice.cpp: Same(modified, other.modified) && Same(changed, other.changed); => Same(modified, other.modified);
+shell/sound/sound_voice.cpp: if (st.st_size <= kLargestWave) { => if (st.st_size <= 2 * kLargestWave) {
+shell/sound/wave_decoder.cpp: at = body + length + (length & 1); => at = body + length;
+shell/sound/wave_decoder.cpp: return (p[0] - 128) * 256.0; => return p[0] * 256.0;
+shell/sound/wave_decoder.cpp: uint64_t{kLongestSoundSeconds} * static_cast<uint64_t>(rate)); => uint64_t{kLongestSoundSeconds + 1} * static_cast<uint64_t>(rate));
+shell/window/device_window.cpp: update(r.left, r.top, r.width, r.height); => update(r.left, r.top, r.width - 1, r.height);
+shell/window/device_window.cpp: const QPoint client = ClientPoint(global.toPoint()); => const QPoint client = global.toPoint();
+shell/pictures/device_painter.cpp: for (int i = kClientObjectCount - 1; i >= 0; --i) { => for (int i = 0; i < kClientObjectCount; ++i) {
+shell/window/keyboard_route.cpp: held_->scan == event.nativeScanCode() && => held_->scan == event.nativeScanCode();
+shell/window/qt_platform.cpp: constexpr int kFrameTopTwips = 330; => constexpr int kFrameTopTwips = 345;
+shell/pictures/built_pictures.cpp: if (device_pixel_ratio != 1) => if (device_pixel_ratio > 2)
 dialogs/qt/dialog_frame.cpp: if (second) second->setFocus(Qt::TabFocusReason); =>
 dialogs/qt/about_dialog.cpp: palette.setColor(QPalette::WindowText, QColor(c.red, c.green, c.blue)); =>
 EOF

@@ -1,5 +1,5 @@
 // Renders the device's pictures at 100 % and the program's icon at its sizes
-// into a C++ source that the program is built with (shell/qt/built_pictures.h),
+// into a C++ source that the program is built with (shell/pictures/built_pictures.h),
 // so that the program need not render them at its start.
 //
 //   nautrix_render_pictures OUTPUT.cpp
@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <string>
 
-#include "shell/qt/built_pictures.h"
+#include "shell/pictures/built_pictures.h"
 
 namespace {
 
@@ -66,7 +66,7 @@ int main(int argc, char** argv) {
   }
   std::fprintf(out,
                "// Made by nautrix_render_pictures from the vector art; not to be edited.\n"
-               "#include \"shell/qt/built_pictures.h\"\n\n"
+               "#include \"shell/pictures/built_pictures.h\"\n\n"
                "namespace nautrix {\n\n"
                "const BuiltImage kBuiltPictures[kPicCount] = {\n%s};\n\n"
                "const BuiltImage kBuiltIcons[std::size(kIconSizes)] = {\n%s};\n\n"

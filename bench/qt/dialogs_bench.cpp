@@ -4,7 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include "dialogs/qt/dialog_windows.h"
-#include "tests/shell/qt/desktop_device.h"
+#include "tests/shell/desktop_device.h"
 
 namespace nautrix {
 namespace {

@@ -3,8 +3,8 @@
 // renders pages when it shows them).
 #include <benchmark/benchmark.h>
 
-#include "shell/qt/picture_book.h"
-#include "tests/shell/qt/qt_test_app.h"
+#include "shell/pictures/picture_book.h"
+#include "tests/shell/qt_test_app.h"
 
 namespace {
 

@@ -10,10 +10,10 @@
 #include <QTemporaryDir>
 
 #include "device/form1.h"
-#include "shell/qt/device_window.h"
-#include "shell/qt/qt_platform.h"
-#include "shell/qt/sound_voice.h"
-#include "tests/shell/qt/desktop_device.h"
+#include "shell/window/device_window.h"
+#include "shell/window/qt_platform.h"
+#include "shell/sound/sound_voice.h"
+#include "tests/shell/desktop_device.h"
 
 namespace nautrix {
 namespace {

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "shell/qt/device_window.h"
+#include "shell/window/device_window.h"
 
 namespace nautrix {
 namespace {

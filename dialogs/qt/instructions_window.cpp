@@ -4,8 +4,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "shell/qt/device_window.h"
-#include "shell/qt/picture_book.h"
+#include "shell/window/device_window.h"
+#include "shell/pictures/picture_book.h"
 
 namespace nautrix {
 

@@ -6,8 +6,8 @@
 
 #include <memory>
 
-#include "shell/qt/built_pictures.h"
-#include "tests/shell/qt/qt_test_app.h"
+#include "shell/pictures/built_pictures.h"
+#include "tests/shell/qt_test_app.h"
 
 namespace nautrix {
 namespace {

@@ -4,7 +4,7 @@
 // AddressSanitizer and UndefinedBehaviorSanitizer (NAUTRIX_FUZZ).
 #include <cstdlib>
 
-#include "shell/qt/wave_decoder.h"
+#include "shell/sound/wave_decoder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   constexpr int kRate = 44100;

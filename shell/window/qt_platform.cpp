@@ -1,0 +1,240 @@
+#include "shell/window/qt_platform.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTime>
+#include <QUrl>
+#include <QWindow>
+#include <algorithm>
+#include <cmath>
+
+#include "dialogs/qt/dialog_windows.h"
+#include "shell/window/device_window.h"
+#include "shell/tray/popup_menu.h"
+#include "shell/tray/tray_icon.h"
+
+namespace nautrix {
+namespace {
+
+constexpr int kFrameLeftTwips = 45;   // the client area lies this far inside the
+constexpr int kFrameTopTwips = 330;   // outer corner of the window
+constexpr int kDayMs = 24 * 3600 * 1000;
+// X keeps window positions in 16 bits; a stored position beyond that would
+// wrap around to somewhere else entirely.
+constexpr int kFarthestPixel = 32000;
+
+// The wave files the device plays, decoded ahead of their first beat.
+constexpr const char* kWaveFiles[] = {"Beep0.wav", "Beep1.wav", "Beep2.wav", "Beep3.wav"};
+
+int PixelFromTwips(float twips, int frame) {
+  if (!std::isfinite(twips)) return 0;
+  const double pixel = std::round((static_cast<double>(twips) + frame) / kTwipsPerPixel);
+  return static_cast<int>(std::clamp(pixel, -double{kFarthestPixel}, double{kFarthestPixel}));
+}
+
+int Modulo(int value, int period) { return (value % period + period) % period; }
+
+}  // namespace
+
+QPoint ClientFromTwips(float left, float top) {
+  return {PixelFromTwips(left, kFrameLeftTwips), PixelFromTwips(top, kFrameTopTwips)};
+}
+
+float LeftFromClient(int x) { return static_cast<float>(x * kTwipsPerPixel - kFrameLeftTwips); }
+
+float TopFromClient(int y) { return static_cast<float>(y * kTwipsPerPixel - kFrameTopTwips); }
+
+QtPlatform::QtPlatform(bool with_audio) : voice_(with_audio) {
+  // The coarse timer drifts by several milliseconds a beat.
+  timer1_.setTimerType(Qt::PreciseTimer);
+  timer1_.setInterval(50);
+  QObject::connect(&timer1_, &QTimer::timeout, [this] {
+    if (form_) form_->Timer1_Timer();
+  });
+}
+
+QtPlatform::~QtPlatform() = default;
+
+void QtPlatform::Attach(Form1& form, DeviceWindow& window) {
+  form_ = &form;
+  window_ = &window;
+  dialogs_ = std::make_unique<DialogWindows>(form, window);
+}
+
+void QtPlatform::FinishStart() {
+  if (started_) return;
+  started_ = true;
+  voice_.OpenOutput();
+  const QString folder = QString::fromStdString(ProgramFolder());
+  for (const char* name : kWaveFiles) voice_.Preload(folder + '/' + QLatin1String(name));
+  if (tray_wanted_) AddTrayIcon();
+}
+
+void QtPlatform::StartTimer1() {
+  timer1_enabled_ = true;
+  if (timer1_ms_ > 0) timer1_.start();
+}
+
+// ---- Timer1 ------------------------------------------------------------------
+
+void QtPlatform::SetTimerInterval(int ms) {
+  timer1_ms_ = std::max(ms, 0);
+  if (timer1_ms_ == 0) {
+    timer1_.stop();
+    return;
+  }
+  // A running QTimer starts over at setInterval, so only a new value is set.
+  if (timer1_ms_ != timer1_.interval()) timer1_.setInterval(timer1_ms_);
+  if (timer1_enabled_ && !timer1_.isActive()) timer1_.start();
+}
+
+// ---- The device clock ----------------------------------------------------------
+
+ClockTime QtPlatform::Now() {
+  const int ms = Modulo(QTime::currentTime().msecsSinceStartOfDay() + clock_offset_ms_, kDayMs);
+  return {ms / 3600000, ms / 60000 % 60, ms / 1000 % 60};
+}
+
+// Moves the device's own offset so that the clock reads the written time from
+// this moment on, at the start of its second. The computer's clock is never
+// touched.
+void QtPlatform::SetTimeOfDay(const std::string& text) {
+  static const QRegularExpression kTime(
+      QStringLiteral(R"(^\s*(\d{1,2}):(\d{1,2})(?::(\d{1,2}))?\s*([AaPp][Mm])?\s*$)"));
+  const QRegularExpressionMatch m = kTime.match(QString::fromStdString(text));
+  if (!m.hasMatch()) return;
+  int hour = m.captured(1).toInt();
+  const int minute = m.captured(2).toInt();
+  const int second = m.captured(3).toInt();
+  const QString half = m.captured(4).toUpper();
+  if (!half.isEmpty()) hour = hour % 12 + (half == QLatin1String("PM") ? 12 : 0);
+  if (hour > 23 || minute > 59 || second > 59) return;
+  const int wanted = ((hour * 60 + minute) * 60 + second) * 1000;
+  clock_offset_ms_ = Modulo(wanted - QTime::currentTime().msecsSinceStartOfDay(), kDayMs);
+}
+
+// ---- The settings store ----------------------------------------------------------
+
+SettingsStore& QtPlatform::Store(const std::string& app) {
+  std::unique_ptr<SettingsStore>& store = stores_[app];
+  if (!store) store = std::make_unique<SettingsStore>(app);
+  return *store;
+}
+
+std::string QtPlatform::GetSetting(const std::string& app, const std::string& section,
+                                   const std::string& key, const std::string& def) {
+  const std::string* text = Store(app).Read(section, key);
+  return text ? *text : def;
+}
+
+void QtPlatform::SaveSetting(const std::string& app, const std::string& section,
+                             const std::string& key, const std::string& value) {
+  Store(app).Write(section, key, value);
+}
+
+void QtPlatform::DeleteSetting(const std::string& app, const std::string& section,
+                               const std::string& key) {
+  Store(app).Write(section, key, std::nullopt);
+}
+
+// ---- Random numbers ----------------------------------------------------------------
+
+void QtPlatform::Randomize(int seed) { random_.seed(static_cast<std::mt19937::result_type>(seed)); }
+
+// The top 24 bits of a draw: every value a float holds exactly, and never 1.
+float QtPlatform::Rnd() { return static_cast<float>(random_() >> 8) * (1.0f / 16777216.0f); }
+
+// ---- Sound and files ----------------------------------------------------------------
+
+void QtPlatform::PlayWave(const std::string& path) { voice_.Play(QString::fromStdString(path)); }
+
+bool QtPlatform::FileAttributes(const std::string& path, bool& is_directory) {
+  const QFileInfo info(QString::fromStdString(path));
+  if (path.empty() || !info.exists()) return false;
+  is_directory = info.isDir();
+  return true;
+}
+
+std::string QtPlatform::ProgramFolder() {
+  return QCoreApplication::applicationDirPath().toStdString();
+}
+
+// ---- The device window ----------------------------------------------------------------
+
+Point QtPlatform::CursorPos() {
+  const QPoint client = window_->ClientPoint(QCursor::pos());
+  return {client.x(), client.y()};
+}
+
+float QtPlatform::WindowLeft() { return LeftFromClient(window_->ClientPos().x()); }
+
+float QtPlatform::WindowTop() { return TopFromClient(window_->ClientPos().y()); }
+
+void QtPlatform::MoveWindow(float left, float top) {
+  window_->MoveClientTo(ClientFromTwips(left, top));
+}
+
+void QtPlatform::ShowWindow(bool shown) {
+  if (!shown) FinishStart();
+  window_->setVisible(shown);
+  if (tray_) tray_->WatchWhileHidden(!shown);
+}
+
+// Only the window manager's state changes: QWidget::setWindowFlag would
+// destroy and re-create the window, and show a hidden one.
+void QtPlatform::SetTopmost(bool topmost) {
+  if (QWindow* handle = window_->windowHandle())
+    handle->setFlag(Qt::WindowStaysOnTopHint, topmost);
+}
+
+void QtPlatform::ObjectChanged(Obj object) {
+  if (window_) window_->ObjectChanged(object);
+}
+
+void QtPlatform::ProcessEvents() { QCoreApplication::processEvents(); }
+
+void QtPlatform::OpenDialog(Dialog dialog) {
+  if (dialogs_) dialogs_->Open(dialog);
+}
+
+void QtPlatform::SetDialogTopmost(Dialog dialog, bool topmost) {
+  if (dialogs_) dialogs_->SetTopmost(dialog, topmost);
+}
+
+// ---- The popup menu and the tray ----------------------------------------------------
+
+// The menu lives for the run once it has been opened.
+void QtPlatform::OpenPopupMenu() {
+  if (!menu_) menu_ = std::make_unique<PopupMenu>();
+  menu_->Exec(*form_, TrayIcon::Available());
+}
+
+// The program's icon, as the device window already has it. Reaching the tray
+// may take a round trip to the session bus, which the first frame does not
+// wait for.
+void QtPlatform::AddTrayIcon() {
+  tray_wanted_ = true;
+  if (started_) tray_ = std::make_unique<TrayIcon>(*form_, window_->windowIcon());
+}
+
+void QtPlatform::RemoveTrayIcon() {
+  tray_wanted_ = false;
+  tray_.reset();
+}
+
+// A caption without a scheme is read as a web address.
+void QtPlatform::OpenUrl(const std::string& url) {
+  QDesktopServices::openUrl(QUrl::fromUserInput(QString::fromStdString(url)));
+}
+
+void QtPlatform::Quit() {
+  timer1_.stop();
+  quit_requested_ = true;
+  QCoreApplication::exit(0);
+}
+
+}  // namespace nautrix

@@ -1,0 +1,100 @@
+// The device's world on the desktop: Timer1, the clock with the device's own
+// offset, the settings store, the random source, the voice, the device
+// window's position, stacking and repaints, the popup menu and the tray icon.
+#pragma once
+
+#include <QPoint>
+#include <QTimer>
+#include <map>
+#include <memory>
+#include <random>
+#include <string>
+
+#include "device/form1.h"
+#include "device/platform.h"
+#include "shell/store/settings_store.h"
+#include "shell/sound/sound_voice.h"
+
+namespace nautrix {
+
+class DeviceWindow;
+class DialogWindows;
+class PopupMenu;
+class TrayIcon;
+
+// The stored window position is in twips of the outer corner of a window
+// whose client area lies 45 and 330 twips inside it, 15 twips to the pixel.
+QPoint ClientFromTwips(float left, float top);  // to the nearest pixel
+float LeftFromClient(int x);
+float TopFromClient(int y);
+
+class QtPlatform : public Platform {
+ public:
+  // Without `with_audio` the voice never opens the audio device.
+  explicit QtPlatform(bool with_audio = true);
+  ~QtPlatform() override;
+
+  // The device and its window; both outlive the platform's use.
+  void Attach(Form1& form, DeviceWindow& window);
+  // Timer1 runs from here on, at whatever interval the device has set.
+  void StartTimer1();
+  // What the device's first frame need not wait for: the voice's way to the
+  // speakers, its waves decoded ahead of their first beat, and the tray icon
+  // the device has asked for. Runs once: just after the first frame, or
+  // before it when a hidden window needs its tray.
+  void FinishStart();
+  DialogWindows* dialogs() { return dialogs_.get(); }
+  // The device has asked to end; an event loop not yet running must not start.
+  bool QuitRequested() const { return quit_requested_; }
+
+  void SetTimerInterval(int ms) override;
+  ClockTime Now() override;
+  void SetTimeOfDay(const std::string& text) override;
+  std::string GetSetting(const std::string& app, const std::string& section,
+                         const std::string& key, const std::string& def) override;
+  void SaveSetting(const std::string& app, const std::string& section, const std::string& key,
+                   const std::string& value) override;
+  void DeleteSetting(const std::string& app, const std::string& section,
+                     const std::string& key) override;
+  void Randomize(int seed) override;
+  float Rnd() override;
+  void PlayWave(const std::string& path) override;
+  bool FileAttributes(const std::string& path, bool& is_directory) override;
+  std::string ProgramFolder() override;
+  Point CursorPos() override;
+  float WindowLeft() override;
+  float WindowTop() override;
+  void MoveWindow(float left, float top) override;
+  void ShowWindow(bool shown) override;
+  void SetTopmost(bool topmost) override;
+  void SetDialogTopmost(Dialog dialog, bool topmost) override;
+  void ObjectChanged(Obj object) override;
+  void ProcessEvents() override;
+  void OpenPopupMenu() override;
+  void OpenDialog(Dialog dialog) override;
+  void OpenUrl(const std::string& url) override;
+  void AddTrayIcon() override;
+  void RemoveTrayIcon() override;
+  void Quit() override;
+
+ private:
+  SettingsStore& Store(const std::string& app);
+
+  Form1* form_ = nullptr;
+  DeviceWindow* window_ = nullptr;
+  QTimer timer1_;
+  bool timer1_enabled_ = false;  // started after Form_Load
+  int timer1_ms_ = 50;           // the device's interval, 0 stopped
+  bool quit_requested_ = false;
+  bool started_ = false;      // FinishStart has run
+  bool tray_wanted_ = false;  // the device asked for the tray before FinishStart
+  int clock_offset_ms_ = 0;      // the device clock less the computer's, 0 to a day
+  std::map<std::string, std::unique_ptr<SettingsStore>> stores_;  // by application
+  std::mt19937 random_;
+  SoundVoice voice_;
+  std::unique_ptr<PopupMenu> menu_;
+  std::unique_ptr<TrayIcon> tray_;
+  std::unique_ptr<DialogWindows> dialogs_;  // from Attach on
+};
+
+}  // namespace nautrix

@@ -1,0 +1,78 @@
+// The settings store on the desktop: values come back as the device wrote
+// them, a read shows what another copy or a hand edit put in the file, a
+// write changes its own line and nothing else, and a store that cannot be
+// written never stops the device. A first run's store, writes on disk at
+// once (a killed copy loses nothing) and junk edited in by hand are the e2e
+// tier's.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "shell/window/qt_platform.h"
+#include "tests/shell/qt_test_app.h"
+
+namespace nautrix {
+namespace {
+
+std::string Get(QtPlatform& platform, const char* key) {
+  return platform.GetSetting(kStoreApp, kStoreSection, key, "NotFound");
+}
+
+// Two copies on one store, and a hand edit: each read shows the file as it
+// is now, whether it was replaced (a write of another copy, of the same size
+// within the same clock tick) or rewritten in place; a write keeps every
+// other line as it stands, hand-written junk and other groups included.
+TEST(Store, EachReadShowsTheFileAsItIsNowAndAWriteChangesOnlyItsLine) {
+  QTemporaryDir dir;
+  ScopedStoreFolder folder(dir.path());
+  const QString file = dir.path() + "/Tickplay Simulator.ini";
+  QtPlatform one(false), other(false);
+  auto seen = [&](const char* key) {
+    QCoreApplication::processEvents();  // the watch's news
+    return Get(other, key);
+  };
+  // Texts of every kind come back as written, through the file.
+  for (const char* alarm : {"120100 PM", " a, b;\"c\"\\\n", "@Rect(1)", "120300 PM", "120200 PM"}) {
+    one.SaveSetting(kStoreApp, kStoreSection, "Alarm Time", alarm);
+    EXPECT_EQ(seen("Alarm Time"), alarm);
+  }
+  WriteFile(file, FileText(file).replace("120200 PM", "083000 AM"));  // in place
+  EXPECT_EQ(seen("Alarm Time"), "083000 AM");
+  WriteFile(file, "; mine\n[Other]\nk=v\n\n[Nautrix]\nSound = yes ; loud\nLeft=1\nLeft=2\n");
+  EXPECT_EQ(seen("Left"), "2");
+  other.SaveSetting(kStoreApp, kStoreSection, "Left", "-45");
+  other.SaveSetting(kStoreApp, kStoreSection, "Game A High Score", "7");
+  other.DeleteSetting(kStoreApp, kStoreSection, "Alarm Time");
+  EXPECT_EQ(FileText(file),
+            "; mine\n[Other]\nk=v\n\n[Nautrix]\nSound = yes ; loud\nLeft=-45\n"
+            "Game%20A%20High%20Score=7\n");
+  EXPECT_EQ(seen("Sound"), "yes");
+}
+
+// A configuration folder that cannot be made: writes and deletes fail
+// quietly, the run goes on with what it wrote in memory, and nothing waits
+// for a lock; once the folder can be made, the next write brings every such
+// change to disk.
+TEST(Store, AStoreThatCannotBeWrittenStillServesTheRun) {
+  QTemporaryDir dir;
+  const QString blocker = WriteFile(dir.path() + "/not-a-folder", "");
+  ScopedStoreFolder folder(blocker + "/config");
+  QtPlatform platform(false);
+  for (const char* key : {"Sound", "Game A Speed"})
+    platform.SaveSetting(kStoreApp, kStoreSection, key, "1");
+  platform.DeleteSetting(kStoreApp, kStoreSection, "Game A Speed");
+  EXPECT_EQ(Get(platform, "Sound"), "1");
+  EXPECT_EQ(Get(platform, "Game A Speed"), "NotFound");
+  EXPECT_FALSE(QFile::exists(blocker + "/config/Tickplay Simulator.ini"));
+  QFile::remove(blocker);
+  platform.SaveSetting(kStoreApp, kStoreSection, "Alarm On", "False");
+  QtPlatform fresh(false);
+  EXPECT_EQ(Get(fresh, "Sound"), "1");
+  EXPECT_EQ(Get(fresh, "Alarm On"), "False");
+  EXPECT_EQ(Get(fresh, "Game A Speed"), "NotFound");
+}
+
+}  // namespace
+}  // namespace nautrix
