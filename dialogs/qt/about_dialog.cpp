@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "shell/window/device_window.h"
+#include "shell/input/key_codes.h"
 
 namespace nautrix {
 namespace {

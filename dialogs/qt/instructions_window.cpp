@@ -4,7 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "shell/window/device_window.h"
+#include "shell/input/key_codes.h"
 #include "shell/pictures/picture_book.h"
 
 namespace nautrix {

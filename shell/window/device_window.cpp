@@ -20,17 +20,6 @@ constexpr int kSettleMs = 500;
 
 }  // namespace
 
-int ShiftState(Qt::KeyboardModifiers modifiers) {
-  return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) |
-         (modifiers.testFlag(Qt::ControlModifier) ? 2 : 0) |
-         (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
-}
-
-int ButtonCode(Qt::MouseButtons buttons) {
-  return (buttons.testFlag(Qt::LeftButton) ? 1 : 0) | (buttons.testFlag(Qt::RightButton) ? 2 : 0) |
-         (buttons.testFlag(Qt::MiddleButton) ? 4 : 0);
-}
-
 DeviceWindow::DeviceWindow(Form1& form)
     : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint),
       form_(form),

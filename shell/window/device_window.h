@@ -15,11 +15,6 @@
 
 namespace nautrix {
 
-// Shift 1, Ctrl 2, Alt 4, added.
-int ShiftState(Qt::KeyboardModifiers modifiers);
-// Left 1, right 2, middle 4, added; other buttons count nothing.
-int ButtonCode(Qt::MouseButtons buttons);
-
 class DeviceWindow : public QWidget {
  public:
   explicit DeviceWindow(Form1& form);

@@ -9,19 +9,9 @@
 #include <set>
 
 #include "device/form1.h"
+#include "shell/input/key_codes.h"
 
 namespace nautrix {
-
-// The device's key code of a desktop key, 0 for a key the device has no code
-// for. The main block's digit row counts by its place on the keyboard (X key
-// codes 10 to 19, Qt's native scan code), whatever the layout types there.
-// A letter counts by the Latin letter the layout prints there (the keysym,
-// Qt's native virtual key), and by its place where the layout prints a letter
-// of another script. The keypad's digits have codes of their own (96-105),
-// which no device key has. Without native codes (0) Qt's key decides alone.
-int VirtualKeyCode(int qt_key, Qt::KeyboardModifiers modifiers, quint32 scan_code = 0,
-                   quint32 keysym = 0);
-int VirtualKeyCode(const QKeyEvent& event);
 
 // Asks the X server of Qt's own connection to send no release for a held
 // key until it really comes up (XKB's detectable auto-repeat). True when the
