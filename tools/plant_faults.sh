@@ -43,6 +43,8 @@ game/diver.cpp: if (DiverPos == 9) DiverPos = 5; => if (DiverPos == 9) DiverPos 
 game/diver.cpp: if (BonusBeats != 0 || DiverLoad != 2) return; => if (DiverLoad != 2) return;
 game/capture.cpp: CaptureBeats = Playing ? 11 : 9; => CaptureBeats = Playing ? 11 : 11;
 game/capture.cpp: if (Misses == 4) CaptureBeats = 7; => if (Misses == 3) CaptureBeats = 7;
+game/capture.cpp: for (int k = 2; k <= 4; ++k) => for (int k = 2; k <= 3; ++k)
+game/capture.cpp: if (TentacleLength[3] < 2) { => if (TentacleLength[3] < 4) {
 game/score.cpp: if (Score == 200 || Score == 500) { => if (Score == 200 || Score == 501) {
 game/score.cpp: if (BonusBeats == 0) Misses = 0; =>
 game/pace.cpp: {970, 998, 80}, => {970, 999, 80},
@@ -53,11 +55,13 @@ clock/alarm.cpp: if (mSound.Checked && (!Playing || Misses == 4)) { => if (!Play
 clock/alarm.cpp: if (Misses != 4 && Playing) return; =>
 clock/clock_setting.cpp: if (m > 59) m = 0; => if (m > 60) m = 0;
 clock/clock_setting.cpp: (t.substr(7, 2) == "AM" ? "PM" : "AM") => t.substr(7, 2)
+clock/clock_setting.cpp: ":" + t.substr(2, 2) + ":" => ":" + t.substr(4, 2) + ":"
 clock/acl_reset.cpp: SaveSetting(store::kAlarmOn, BoolText(false)); =>
 clock/time_text.cpp: time.hour % 12 == 0 ? 12 : time.hour % 12; => time.hour % 12;
 clock/readout.cpp: DigitsValue(text, 4, 2) % 2 == 0); => DigitsValue(text, 4, 2) % 2 == 1);
 keys/key_actions.cpp: if (key != kAclKey && form.BoatBeats != 0 && form.Playing) return; => if (form.BoatBeats != 0 && form.Playing) return;
 keys/key_actions.cpp: if (route == KeyRoute::Keyboard) LeftKeyAction(); => LeftKeyAction();
+keys/key_actions.cpp: else LeftKeyAction(); => else RepeatDelay = 0;
 keys/key_actions.cpp: DiverPos <= 5 && !(BonusBeats > 0 && DiverPos == 0)) { => DiverPos <= 5) {
 keys/key_actions.cpp: if (route == KeyRoute::Pointer && Misses == 4) { => if (Misses == 4) {
 keys/pointer_tracking.cpp: {309, 315, 35, 41},    // ALARM => {309, 315, 35, 40},    // ALARM
@@ -72,6 +76,7 @@ device/sound.cpp: if (!Playing || !mSound.Checked) return; => if (!mSound.Checke
 dialogs/form3.cpp: std::to_string(bar.Value + 1) => std::to_string(bar.Value)
 dialogs/form3.cpp: std::to_string(bar.Max - bar.Value + 1) => std::to_string(bar.Max - bar.Value)
 dialogs/form3.cpp: device_.DoCheckSpeed(); =>
+dialogs/form3.cpp: LoadSpeed(HScroll1, store::kGameASpeed); =>
 dialogs/form4.cpp: if (CurrentPage > PageCount) CurrentPage = 1; => if (CurrentPage > PageCount) CurrentPage = PageCount;
 dialogs/form2.cpp: OpenLink(Email, "mailto:" + Email.Caption); => OpenLink(Email, Email.Caption);
 EOF

@@ -51,20 +51,20 @@ TEST_F(ClockSetting, TheMinuteWrapsWithoutCarryAndTimeWritesTheEdit) {
   Enter(Mode::ClockSet);
   form.EditTimeText = "115800 PM";
   std::string steps;  // the edit and the demo diver's place after each step
-  for (int i = 0; i < 2; ++i) {
+  for (int i = 0; i < 3; ++i) {
     Click(By::Pointer, Obj::RightButton);
     steps += form.EditTimeText + " " + std::to_string(form.DiverPos) + ";";
   }
   Tick(5);  // no step, no scene
-  EXPECT_EQ(steps + std::to_string(form.DiverPos), "115900 PM 1;110000 PM 2;2");
+  EXPECT_EQ(steps + std::to_string(form.DiverPos), "115900 PM 1;110000 PM 2;110100 PM 3;3");
   Down(By::Pointer, Obj::TimeButton);
   EXPECT_EQ(Readout(), "1200 pm:");  // the stored alarm
   EXPECT_TRUE(Lit(Obj::BabyNautrix));
   Up(By::Pointer, Obj::TimeButton);
-  EXPECT_EQ(Joined(fake.calls), "SetTimeOfDay 11:00:00 PM");
+  EXPECT_EQ(Joined(fake.calls), "SetTimeOfDay 11:01:00 PM");
   EXPECT_TRUE(form.ClockSetting == 0 && form.Timer1Interval() == 50);
   Tick();
-  EXPECT_EQ(Readout(), "1100 pm:");
+  EXPECT_EQ(Readout(), "1101 pm:");
 }
 
 // By pointer a step comes at the release, by keyboard at the press; the

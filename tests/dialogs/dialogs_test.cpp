@@ -50,8 +50,9 @@ TEST_F(Dialogs, TheLoadAndTheApplyCycle) {
   form.mSound.Checked = false;
   form.mAlwaysOnTop.Checked = true;
   fake.store["Always on Top"] = "False";
+  fake.store["Game A Speed"] = "100";
   options.Form_Load();
-  EXPECT_EQ(options.GameASpeed.Caption + options.DiverSpeed.Caption, "Game A (222)Diver (142)");
+  EXPECT_EQ(options.GameASpeed.Caption + options.DiverSpeed.Caption, "Game A (342)Diver (142)");
   EXPECT_TRUE(options.SoundOff.Value && options.Check1.Value && !options.Check2.Value);
   EXPECT_FALSE(options.Command3.Enabled);
   EXPECT_EQ(Joined(fake.calls) + " " + std::to_string(window.tabs), "Form3 Topmost 1");

@@ -52,6 +52,20 @@ TEST_P(Routes, TimeEndsTheGameOverMinute) {
   EXPECT_EQ(form.RingingSilenced, pointer());
 }
 
+// In a game both action keys walk the diver by either route: the keyboard at
+// the press, the pointer at the release.
+TEST_P(Routes, TheActionKeysWalkTheDiver) {
+  Enter(Mode::Game);
+  std::string places;
+  for (Obj key : {Obj::RightButton, Obj::RightButton, Obj::LeftButton}) {
+    Down(key);
+    places += std::to_string(form.DiverPos);
+    Up(key);
+    places += std::to_string(form.DiverPos);
+  }
+  EXPECT_EQ(places, pointer() ? "011221" : "112211");
+}
+
 INSTANTIATE_TEST_SUITE_P(Keys, Routes, ::testing::Values(By::Pointer, By::Keyboard),
                          [](const auto& info) { return std::string(Name(info.param)); });
 
