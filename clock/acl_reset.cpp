@@ -12,7 +12,7 @@ namespace nautrix {
 void Form1::EraseMemories() {
   SaveSetting(store::kGameAHighScore, "0");
   SaveSetting(store::kGameBHighScore, "0");
-  SaveSetting(store::kAlarmTime, store::kDefaultAlarmTime);
+  SaveSetting(store::kAlarmTime, store::RuleOf(store::kAlarmTime).fallback);
   SaveSetting(store::kAlarmOn, BoolText(false));
 }
 

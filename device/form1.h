@@ -47,17 +47,19 @@ class Form1 {
  public:
   explicit Form1(Platform& platform);
 
-  // ---- The state record, in its declared order --------------------------
+  // ---- The state record --------------------------------------------------
   // Window and tray.
   bool TrayRecord = false;           // the tray icon has been added
-  uint8_t TentacleTurn = 0;          // 0-4: tentacle served by the next MoveTentacles
   int16_t DragX = 0, DragY = 0;      // twips: pointer at the start of a window drag
   bool Dragging = false;             // a window drag is under way
+  int32_t TrayMessage = 0;           // the tray's door, kept between its messages
+  bool TrayBusy = false;
   // Keys.
   int16_t PressedKey = 0;            // -1, 0, 1-8: pointer route (KeyNumber)
-  uint8_t GameMode = 0;              // 0 no game, 1 Game A, 2 Game B
   bool KeyLatch = false;             // keyboard route: a device key is held
   // Game.
+  uint8_t GameMode = 0;              // 0 no game, 1 Game A, 2 Game B
+  uint8_t TentacleTurn = 0;          // 0-4: tentacle served by the next MoveTentacles
   uint8_t DiverLoad = 0;             // 0 empty-handed, 2 carrying the bag
   std::array<uint8_t, 6> TentacleDown{};    // 0/1: at full length over the diver row
   std::array<uint8_t, 6> TentacleBack{};    // 0 growing, 1 going back
@@ -67,7 +69,6 @@ class Form1 {
   int16_t Score = 0;                 // 0-999; 1 follows 999
   uint8_t Misses = 0;                // 0-2 in play, 3 third capture ending, 4 game over
   bool Playing = false;              // a game runs, game-over minute included
-  uint8_t LastSecond = 0;            // 0-59: seconds at the last change a tick saw
   uint8_t BoatBeats = 0;             // 0-4: the count on the boat
   int16_t OverSeconds = 0;           // 0-60: seconds of the game-over minute
   bool ScoreShown = false;           // the readout holds a score
@@ -76,6 +77,7 @@ class Form1 {
   uint8_t BonusBeats = 0;            // 0-16: beats left of the bonus
   uint8_t PairReady = 0;             // 0/1: gate of tentacles 0 and 1
   // Clock and alarm.
+  uint8_t LastSecond = 0;            // 0-59: seconds at the last change a tick saw
   uint8_t AlarmSetting = 0;          // 0 off, 1 entry (ALARM held), 2 set stage
   uint8_t ClockSetting = 0;          // 0 off, 1 clock-set mode
   std::string EditTimeText;          // "hhmmss AMPM" under edit, or empty
@@ -83,9 +85,6 @@ class Form1 {
   uint8_t RepeatDelay = 0;           // 0-3: ticks a setting key has been held
   bool RingingSilenced = false;      // a key stopped the ringing
   bool AlarmRinging = false;         // the alarm rings now
-  // Kept between calls of Form_MouseMove, the tray's door.
-  int32_t TrayMessage = 0;
-  bool TrayBusy = false;
 
   // ---- The popup menu's marks -------------------------------------------
   MenuItem mHide, mSound, mAutoShow, mAlwaysOnTop, mBack;

@@ -8,11 +8,12 @@
 namespace nautrix {
 
 void Form1::Form_Load() {
-  // 1. Only the 60 seeds of the clock's seconds: nothing else is mixed in.
+  // The random numbers take one of 60 seeds, the clock's seconds; nothing
+  // else is mixed in.
   platform_.Randomize(Now().second);
-  // 2. The window is frameless from its creation on this platform: only the
-  //    333 x 198 client area shows.
-  // 3.
+  // The window is frameless from its creation on this platform: only the
+  // 333 x 198 client area shows.
+  // No key held, no mode entered, no game chosen.
   PressedKey = kNoKey;
   GameMode = 0;
   KeyLatch = false;
@@ -22,20 +23,20 @@ void Form1::Form_Load() {
   AlarmSetting = 0;
   ClockSetting = 0;
   RepeatDelay = 0;
-  // 4. The back picture comes from below the client area over all of it.
+  // The back picture comes from below the client area over all of it.
   back_case_rect_ = ObjectRect(Obj::FrontCase);
-  // 5.
+  // No alarm rings, none is silenced.
   RingingSilenced = false;
   AlarmRinging = false;
-  // 6. Cell 5 is never touched.
+  // Every tentacle at home; the sixth cell is never touched.
   for (int t = 0; t <= 4; ++t) {
     TentacleDown[t] = 0;
     TentacleBack[t] = 0;
     TentacleLength[t] = 0;
   }
-  // 7.
+  // The segments of each tentacle, from the left.
   TentacleMax = {3, 4, 5, 4, 3, 0};
-  // 8.
+  // The idle screen: the diver on the boat, no game, no score.
   TentacleTurn = 0;
   DiverPos = 0;
   BoatWait = 10;
@@ -45,57 +46,49 @@ void Form1::Form_Load() {
   Playing = false;
   OverSeconds = 0;
   ScoreShown = false;
-  // 9.
-  if (KeyMissing(store::kSound)) {
-    mSound.Checked = true;
-    SaveSetting(store::kSound, BoolText(mSound.Checked));
-  } else {
-    mSound.Checked = SettingBool(store::kSound);
-  }
-  // 10, 11. The first-run values are stored as the window then reports them.
+  // The store, key by key: a missing key gets its default, a present one
+  // is read where the device keeps it.
+  const auto repaired = [this](const char* key) {
+    const bool missing = KeyMissing(key);
+    if (missing) SaveSetting(key, store::RuleOf(key).fallback);
+    return missing;
+  };
+  repaired(store::kSound);
+  mSound.Checked = SettingBool(store::kSound);
+  // The first-run position is stored as the window then reports it.
   if (KeyMissing(store::kLeft)) {
-    platform_.MoveWindow(store::kDefaultLeft, platform_.WindowTop());
+    platform_.MoveWindow(store::WholeDefault(store::kLeft), platform_.WindowTop());
     SaveSetting(store::kLeft, SingleText(platform_.WindowLeft()));
   } else {
     platform_.MoveWindow(SettingSingle(store::kLeft), platform_.WindowTop());
   }
   if (KeyMissing(store::kTop)) {
-    platform_.MoveWindow(platform_.WindowLeft(), store::kDefaultTop);
+    platform_.MoveWindow(platform_.WindowLeft(), store::WholeDefault(store::kTop));
     SaveSetting(store::kTop, SingleText(platform_.WindowTop()));
   } else {
     platform_.MoveWindow(platform_.WindowLeft(), SettingSingle(store::kTop));
   }
-  // 12. A key of older versions; nothing reads it.
+  // A key of older versions; nothing reads it.
   if (!KeyMissing(store::kSeconds)) DeleteSetting(store::kSeconds);
-  // 13 to 17.
-  if (KeyMissing(store::kDiverSpeed)) SaveSetting(store::kDiverSpeed, "300");
-  if (KeyMissing(store::kGameASpeed)) SaveSetting(store::kGameASpeed, "220");
-  if (KeyMissing(store::kGameBSpeed)) SaveSetting(store::kGameBSpeed, "170");
-  if (KeyMissing(store::kGameAHighScore)) SaveSetting(store::kGameAHighScore, "0");
-  if (KeyMissing(store::kGameBHighScore)) SaveSetting(store::kGameBHighScore, "0");
-  // 18. "Alarm On" is repaired only together with "Alarm Time".
-  if (KeyMissing(store::kAlarmTime)) {
-    SaveSetting(store::kAlarmTime, store::kDefaultAlarmTime);
-    SaveSetting(store::kAlarmOn, BoolText(false));
+  // The speeds and the high scores are read where they are used.
+  for (const char* key : {store::kDiverSpeed, store::kGameASpeed, store::kGameBSpeed,
+                          store::kGameAHighScore, store::kGameBHighScore}) {
+    repaired(key);
   }
-  // 19, 20.
-  if (KeyMissing(store::kAlwaysOnTop)) {
-    mAlwaysOnTop.Checked = false;
-    SaveSetting(store::kAlwaysOnTop, BoolText(mAlwaysOnTop.Checked));
-  } else {
-    mAlwaysOnTop.Checked = SettingBool(store::kAlwaysOnTop);
-  }
+  // "Alarm On" is repaired only together with "Alarm Time".
+  if (repaired(store::kAlarmTime)) SaveSetting(store::kAlarmOn, store::RuleOf(store::kAlarmOn).fallback);
+  // The window's stacking follows its mark from the start.
+  repaired(store::kAlwaysOnTop);
+  mAlwaysOnTop.Checked = SettingBool(store::kAlwaysOnTop);
   platform_.SetTopmost(mAlwaysOnTop.Checked);
-  // 21. Its absence is also the mark of a first run: the instructions open.
-  if (KeyMissing(store::kAutoShow)) {
-    mAutoShow.Checked = true;
-    SaveSetting(store::kAutoShow, BoolText(mAutoShow.Checked));
+  // Its absence is also the mark of a first run: the instructions open.
+  const bool first_run = repaired(store::kAutoShow);
+  mAutoShow.Checked = SettingBool(store::kAutoShow);
+  if (first_run) {
     mInstructions_Click();
     platform_.SetDialogTopmost(Dialog::Instructions, true);
-  } else {
-    mAutoShow.Checked = SettingBool(store::kAutoShow);
   }
-  // 22. The hot regions get their up pictures.
+  // The keys and the logo get their up pictures.
   CopyPicture(Button0(0), Obj::GameAButton);
   CopyPicture(Button0(0), Obj::GameBButton);
   CopyPicture(Button0(0), Obj::TimeButton);
@@ -104,7 +97,7 @@ void Form1::Form_Load() {
   CopyPicture(Button2(0), Obj::AlarmButton);
   CopyPicture(Button2(0), Obj::ACLButton);
   CopyPicture(TPLogo(0), Obj::Logo);
-  // 23.
+  // The tray gets its icon.
   TrayRecord = true;
   platform_.AddTrayIcon();
 }

@@ -10,40 +10,10 @@
 namespace nautrix {
 namespace {
 
-// What a typed read accepts of each key, and what it falls back to.
-struct KeyRule {
-  const char* key;
-  const char* fallback;  // the key's default, as stored text
-  double low, high;      // accepted range of a number
-};
-
-constexpr KeyRule kRules[] = {
-    {store::kSound, "True", 0, 0},
-    {store::kAlwaysOnTop, "False", 0, 0},
-    {store::kAutoShow, "True", 0, 0},
-    {store::kAlarmOn, "False", 0, 0},
-    {store::kLeft, "-44", -store::kMaxPositionTwips, store::kMaxPositionTwips},
-    {store::kTop, "-336", -store::kMaxPositionTwips, store::kMaxPositionTwips},
-    {store::kDiverSpeed, "300", store::kMinSpeed, store::kMaxSpeed},
-    {store::kGameASpeed, "220", store::kMinSpeed, store::kMaxSpeed},
-    {store::kGameBSpeed, "170", store::kMinSpeed, store::kMaxSpeed},
-    {store::kGameAHighScore, "0", 0, store::kMaxHighScore},
-    {store::kGameBHighScore, "0", 0, store::kMaxHighScore},
-    {store::kAlarmTime, store::kDefaultAlarmTime, 0, 0},
-};
-
-const KeyRule& RuleOf(const std::string& key) {
-  for (const KeyRule& rule : kRules) {
-    if (key == rule.key) return rule;
-  }
-  static constexpr KeyRule kNone = {"", "", 0, 0};
-  return kNone;
-}
-
 // A number of the store within its key's range, else the key's default.
 template <typename T>
 T NumberSetting(Form1& form, const std::string& key, bool (*parse)(const std::string&, T&)) {
-  const KeyRule& rule = RuleOf(key);
+  const store::KeyRule& rule = store::RuleOf(key.c_str());
   T value{};
   if (parse(form.GetSetting(key), value) && value >= rule.low && value <= rule.high) return value;
   parse(rule.fallback, value);
@@ -73,7 +43,7 @@ bool Form1::KeyMissing(const std::string& key) {
 bool Form1::SettingBool(const std::string& key) {
   bool value = false;
   if (ParseBool(GetSetting(key), value)) return value;
-  ParseBool(RuleOf(key).fallback, value);
+  ParseBool(store::RuleOf(key.c_str()).fallback, value);
   return value;
 }
 
@@ -85,7 +55,7 @@ float Form1::SettingSingle(const std::string& key) {
 
 std::string Form1::SettingTimeText(const std::string& key) {
   std::string text = GetSetting(key);
-  return IsTimeText(text) ? text : RuleOf(key).fallback;
+  return IsTimeText(text) ? text : store::RuleOf(key.c_str()).fallback;
 }
 
 }  // namespace nautrix

@@ -171,9 +171,9 @@ void Form3::Command3_Click() {
 
 // The factory settings, on the controls only: nothing is stored before Apply.
 void Form3::Command4_Click() {
-  SetValue(HScroll1, 221);
-  SetValue(HScroll2, 271);
-  SetValue(HScroll3, 141);
+  SetValue(HScroll1, FactoryValue(store::kGameASpeed));
+  SetValue(HScroll2, FactoryValue(store::kGameBSpeed));
+  SetValue(HScroll3, FactoryValue(store::kDiverSpeed));
   SetValue(SoundOn, true);
   SoundOff.Value = false;
   SetValue(Check1, 1);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "device/form1.h"
+#include "device/store_keys.h"
 #include "dialogs/dialog_window.h"
 
 namespace nautrix {
@@ -32,9 +33,10 @@ class Form3 {
   // Each bar's value stands for a speed: shown as Value + 1, stored as
   // Max - Value + 1 milliseconds a tick, so that shown and stored add up to
   // 442. The designed values are the factory speeds.
-  ScrollBar HScroll1{0, 440, 221};  // "Game A Speed"
-  ScrollBar HScroll2{0, 440, 271};  // "Game B Speed"
-  ScrollBar HScroll3{0, 440, 141};  // "Diver Speed"
+  static constexpr int FactoryValue(const char* key) { return 441 - store::WholeDefault(key); }
+  ScrollBar HScroll1{0, 440, FactoryValue(store::kGameASpeed)};
+  ScrollBar HScroll2{0, 440, FactoryValue(store::kGameBSpeed)};
+  ScrollBar HScroll3{0, 440, FactoryValue(store::kDiverSpeed)};
   Label GameASpeed{"Game A"}, GameBSpeed{"Game B"}, DiverSpeed{"Diver"};
   OptionButton SoundOn, SoundOff;
   CheckBox Check1;  // show the device when the alarm rings ("Auto Show")

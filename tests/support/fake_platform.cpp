@@ -28,14 +28,8 @@ void FakePlatform::MoveWindow(float l, float t) {
 }
 
 void FakePlatform::FillDefaultStore() {
-  store = {
-      {store::kSound, "True"},           {store::kLeft, "-45"},
-      {store::kTop, "-330"},             {store::kDiverSpeed, "300"},
-      {store::kGameASpeed, "220"},       {store::kGameBSpeed, "170"},
-      {store::kGameAHighScore, "0"},     {store::kGameBHighScore, "0"},
-      {store::kAlarmTime, "120000 PM"},  {store::kAlarmOn, "False"},
-      {store::kAlwaysOnTop, "False"},    {store::kAutoShow, "True"},
-  };
+  store.clear();
+  for (const store::KeyRule& rule : store::kKeyRules) store[rule.key] = rule.fallback;
 }
 
 }  // namespace nautrix
