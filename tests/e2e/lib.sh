@@ -129,14 +129,14 @@ e2e_onsets() {
 
 e2e_store() { echo "$XDG_CONFIG_HOME/Tickplay Simulator.ini"; }
 
-# Starts the program ($1) without the right to set the clock, its output into
-# the file $2 if given, and waits for its window; E2E_APP is its PID, E2E_WIN
-# its window.
+# Starts the program ($1, with the words of E2E_ARGS as its arguments)
+# without the right to set the clock, its output into the file $2 if given,
+# and waits for its window; E2E_APP is its PID, E2E_WIN its window.
 e2e_start_app() {
   if [ -n "${2:-}" ]; then
-    setpriv --bounding-set -sys_time --inh-caps -sys_time "$1" >"$2" 2>&1 &
+    setpriv --bounding-set -sys_time --inh-caps -sys_time "$1" ${E2E_ARGS:-} >"$2" 2>&1 &
   else
-    setpriv --bounding-set -sys_time --inh-caps -sys_time "$1" &
+    setpriv --bounding-set -sys_time --inh-caps -sys_time "$1" ${E2E_ARGS:-} &
   fi
   E2E_APP=$!
   E2E_PIDS+=($E2E_APP)

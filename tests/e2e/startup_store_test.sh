@@ -1,15 +1,34 @@
 #!/usr/bin/env bash
-# Start-up from the store, as a user starts the program: an empty store is
-# filled with the twelve defaults and the window sits at the screen's top
-# left corner; a store is repaired key by key; junk never stops the program;
-# nothing is written at shut-down, and a killed program has lost nothing.
+# Start-up from the command line and the store, as a user starts the
+# program: help, version and refusals answer without a display or a store; an
+# empty store is filled with the twelve defaults and the window sits at the
+# screen's top left corner; a store is repaired key by key; junk never stops
+# the program; a place off the screen comes up on it; nothing is written at
+# shut-down, and a killed program has lost nothing.
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
 store=$(e2e_store)
 
-# --- An empty store: the first run.
-e2e_start_app "$app"
+# --- The command line, with no display at all.
+while IFS='|' read -r args status text; do
+  out=$(env -u DISPLAY "$app" $args 2>&1) && got=0 || got=$?
+  [ "$got" = "$status" ] && [[ $out == *"$text"* ]] || e2e_fail "nautrix $args: status $got, said '$out'"
+  [ "$status" != 1 ] || [ "$(wc -l <<<"$out")" = 1 ] || e2e_fail "nautrix $args said more than a line: $out"
+done <<'CASES'
+--help|0|--scale FACTOR
+--version|0|nautrix 1.
+--no-such-option|2|unknown option '--no-such-option'
+--scale 0|2|--scale takes a factor
+|1|no X server at DISPLAY and no Wayland compositor at WAYLAND_DISPLAY
+-platform xcb|1|DISPLAY
+CASES
+[ ! -e "$XDG_CONFIG_HOME/Tickplay Simulator.ini" ] || e2e_fail "the command line wrote the store"
+
+# --- An empty store: the first run, on the display Qt's own option names.
+printf '#!/bin/sh\nunset DISPLAY\nexec "%s" "$@"\n' "$app" >"$E2E_DIR/no-display"
+chmod +x "$E2E_DIR/no-display"
+E2E_ARGS="-display $DISPLAY" e2e_start_app "$E2E_DIR/no-display"
 e2e_wait_for 2 test -s "$store" || e2e_fail "no store file after start"
 for _ in $(seq 20); do [ "$(e2e_window_position)" = "0 0" ] && break; sleep 0.1; done
 e2e_expect_eq "$(e2e_window_position)" "0 0" "window position of a first run"
@@ -58,6 +77,22 @@ e2e_start_app "$app"
 e2e_wait_for 3 sh -c "grep -q '^Auto%20Show=' '$store'" || e2e_fail "first-run keys not written"
 e2e_stop_app KILL
 e2e_expect_eq "$(e2e_store_keys)" "$expected_keys" "keys after SIGKILL"
+
+# --- A place off every screen (a monitor unplugged): the device comes up
+# wholly on the screen, the store keeps the place through a click on the case
+# and takes the new one from a drag.
+e2e_write_store
+sed -i -e 's/^Left=.*/Left=30000/' -e 's/^Top=.*/Top=20010/' "$store"
+e2e_start_app "$app"
+for _ in $(seq 20); do [ "$(e2e_window_position)" = "691 570" ] && break; sleep 0.1; done
+e2e_expect_eq "$(e2e_window_position)" "691 570" "window from a place off the screen"
+xdotool mousemove --window "$E2E_WIN" --sync 10 150 click 1
+sleep 0.5
+e2e_expect_eq "$(e2e_setting Left) $(e2e_setting Top)" "30000 20010" "the place after a click"
+xdotool mousedown 1 mousemove --sync 690 710 mousemove --sync 671 700 mouseup 1
+e2e_expect_setting Left "9870" "Left after a drag"
+e2e_expect_setting Top "7920" "Top after a drag"
+e2e_stop_app TERM
 
 # --- Junk in a hand-edited store: the program comes up and keeps running.
 cat >"$store" <<'INI'
