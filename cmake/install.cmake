@@ -17,13 +17,24 @@ set(NAUTRIX_PROGRAM_DIR lib/nautrix CACHE STRING
 set(NAUTRIX_MAINTAINER "Tickplay Simulator developers <developers@tickplaysim.org>")
 
 # The Wayland compositor ties the window to the desktop entry by this id.
-target_compile_definitions(nautrix PRIVATE NAUTRIX_APP_ID="${NAUTRIX_APP_ID}")
+target_compile_definitions(nautrix PRIVATE NAUTRIX_APP_ID="${NAUTRIX_APP_ID}"
+  NAUTRIX_VERSION="${PROJECT_VERSION}")
 
 set(desktop_dir ${CMAKE_SOURCE_DIR}/desktop)
 set(staged ${CMAKE_BINARY_DIR}/install-files)
 
 # The program's folder and the link in bin/.
 install(TARGETS nautrix RUNTIME DESTINATION ${NAUTRIX_PROGRAM_DIR})
+# A stripped program keeps no .comment section either: the compilers' names
+# are of no use to the user.
+if(CMAKE_OBJCOPY)
+  install(CODE "
+    if(CMAKE_INSTALL_DO_STRIP)
+      execute_process(COMMAND \"${CMAKE_OBJCOPY}\" --remove-section=.comment
+        \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${NAUTRIX_PROGRAM_DIR}/nautrix\"
+        COMMAND_ERROR_IS_FATAL ANY)
+    endif()")
+endif()
 foreach(n 0 1 2 3)
   install(FILES ${CMAKE_BINARY_DIR}/Beep${n}.wav DESTINATION ${NAUTRIX_PROGRAM_DIR})
 endforeach()
@@ -90,9 +101,9 @@ device is also a 12-hour clock with one daily alarm, and is played with the
 pointer or the keyboard.")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-# Debian keeps the games of its section "games" in /usr/games; this program
-# keeps the usual bin/, so its section is the general one.
-set(CPACK_DEBIAN_PACKAGE_SECTION misc)
+# Debian's games keep their programs in /usr/games: scripts/package.sh puts
+# the link there.
+set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The art's texts are set in DejaVu Sans; the native Wayland platform serves
@@ -102,3 +113,10 @@ set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland")
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 include(CPack)
+
+# `cmake --build build --target uninstall` undoes the last `cmake --install`
+# from this build: the files of its install_manifest.txt, then the folders
+# that are left empty below the prefix they share.
+add_custom_target(uninstall
+  COMMAND ${CMAKE_COMMAND} -DMANIFEST=${CMAKE_BINARY_DIR}/install_manifest.txt
+    -P ${CMAKE_SOURCE_DIR}/cmake/uninstall.cmake)

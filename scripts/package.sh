@@ -11,7 +11,9 @@ scripts/install-deps.sh --package
 # the compiler's.
 eval "$(DEB_BUILD_MAINT_OPTIONS=hardening=+all dpkg-buildflags --export=sh)"
 export CXXFLAGS="$CPPFLAGS $CXXFLAGS"
+# The link to the program goes where Debian keeps its games, /usr/games.
 cmake -S . -B build/package -G Ninja -DCMAKE_BUILD_TYPE=None -DCMAKE_INSTALL_PREFIX=/usr \
+  -DCMAKE_INSTALL_BINDIR=games \
   -DCMAKE_SKIP_INSTALL_ALL_DEPENDENCY=ON -DNAUTRIX_TESTS=OFF -DNAUTRIX_BENCH=OFF >/dev/null
 cmake --build build/package -j "$(nproc)" --target nautrix nautrix_install_files
 (cd build/package && cpack -B "$PWD/.." >/dev/null)

@@ -2,9 +2,10 @@
 # `cmake --install` into a fresh prefix, then moved: nothing may tie the tree
 # to its place. bin/ holds only a relative link; no source path is left; the
 # desktop entry and the metadata pass the real validators; the entry's icon is
-# there at every size; the manual page sets cleanly. The installed program,
+# there at every size; the manual page sets cleanly; the stripped program
+# has no .comment and nothing else is executable. The installed program,
 # started through its link, plays a Game A heard at its beat: it found its
-# wave files beside itself.
+# wave files beside itself. The uninstall target leaves no file or folder.
 source "$(dirname "$0")/lib.sh"
 app=$1
 build=$(cd "$(dirname "$app")" && pwd)
@@ -24,6 +25,9 @@ link=$(readlink "$prefix/bin/nautrix" || true)
 for file in nautrix Beep0.wav Beep1.wav Beep2.wav Beep3.wav; do
   [ -f "$prefix/lib/nautrix/$file" ] || e2e_fail "lib/nautrix/$file is missing"
 done
+[ -z "$(readelf -S "$prefix/lib/nautrix/nautrix" | grep -F .comment)" ] || e2e_fail "the program keeps .comment"
+executable=$(find "$prefix" -type f -perm /111 ! -path "$prefix/lib/nautrix/nautrix")
+[ -z "$executable" ] || e2e_fail "executable but no program: $executable"
 baked=$(grep -rlF "$sources" "$prefix" || true)
 [ -z "$baked" ] || e2e_fail "the source path is baked into: $baked"
 
@@ -59,4 +63,10 @@ echo "install: the installed program gave $beats beeps, mean interval $mean ms"
 [ "$beats" -ge 8 ] || e2e_fail "$beats beeps in 3 s of Game A: the installed program is not heard"
 [ "$mean" -ge $((beat_ms * 9 / 10)) ] && [ "$mean" -le $((beat_ms * 11 / 10)) ] ||
   e2e_fail "mean interval $mean ms, not the game's $beat_ms ms"
+
+# Undone by the manifest of an install: nothing is left, no empty folder either.
+cmake --install "$build" --prefix "$E2E_DIR/again" >/dev/null
+cmake --build "$build" --target uninstall >/dev/null || e2e_fail "the uninstall target failed"
+left=$(find "$E2E_DIR/again" -mindepth 1)
+[ -z "$left" ] || e2e_fail "the uninstall left: $left"
 echo "install: 1 passed, 0 failed"
