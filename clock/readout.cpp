@@ -9,6 +9,15 @@
 namespace nautrix {
 namespace {
 
+// The digit a lit digit object shows, '\0' for an unlit one.
+char ShownDigit(const Form1& f, Obj digit) {
+  if (!f.IsVisible(digit)) return '\0';
+  for (int d = 0; d <= 9; ++d) {
+    if (f.SamePicture(digit, Number(d))) return static_cast<char>('0' + d);
+  }
+  return '\0';
+}
+
 // Characters that are missing or no digits count as 0.
 int DigitAt(const std::string& text, size_t i) { return DigitsValue(text, i, 1); }
 
@@ -63,6 +72,21 @@ void Form1::ShowScore(int value) {
   }
   // The units digit was lit by the first time shown and is never put out.
   CopyPicture(Number(DigitAt(s, 2)), MinuteDigit(1));
+}
+
+// Read back from the segments, as an eye reads the LCD: a lit half-of-day
+// mark makes the digits a time, with its colon whether or not it blinks
+// off at this moment; without one they are a score.
+std::string Form1::ReadoutText() const {
+  std::string digits;
+  for (const Obj o : {HourDigit(0), HourDigit(1), MinuteDigit(0), MinuteDigit(1)}) {
+    if (const char c = ShownDigit(*this, o)) digits += c;
+  }
+  const bool am = IsVisible(Obj::am);
+  if (!am && !IsVisible(Obj::pm)) return digits;
+  if (digits.size() < 3) return digits;
+  digits.insert(digits.size() - 2, 1, ':');
+  return digits + (am ? " AM" : " PM");
 }
 
 }  // namespace nautrix

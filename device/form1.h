@@ -132,6 +132,8 @@ class Form1 {
   // ---- clock/readout.cpp -------------------------------------------------
   void ShowTime(const std::string& text);
   void ShowScore(int value);
+  // What the readout shows in words: "9:05 AM", "105", or "" while unlit.
+  std::string ReadoutText() const;
 
   // ---- clock/clock_setting.cpp -------------------------------------------
   void StepClock(bool hour);

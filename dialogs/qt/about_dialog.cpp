@@ -53,6 +53,7 @@ AboutDialog::AboutDialog(Form1& device)
       nullptr, nullptr, nullptr, nullptr};
   auto* frame1 = new QGroupBox(this);
   frame1->setGeometry(TwipRect(90, 945, 3540, 1275));
+  frame1->setAccessibleName(QStringLiteral("Thanks"));
   labels[4] = AddLabel(frame1, kThanks, TwipRect(1095, 195, 1245, 210));
   labels[5] = AddLabel(frame1, kThanksFirst, TwipRect(105, 420, 3315, 210));
   labels[6] = links_[2] = AddLabel(frame1, QString::fromStdString(form_.Handbill.Caption),

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "shell/input/key_codes.h"
+#include "shell/window/device_accessible.h"
 #include "shell/pictures/picture_book.h"
 
 namespace nautrix {
@@ -43,6 +44,8 @@ void InstructionsWindow::ShowPage() {
     page_drawn_ = form_.Picture1;
     page_image_ = RenderPage(page_drawn_, devicePixelRatioF());
     update();
+    setAccessibleName(LeafletPageName(page_drawn_));
+    setAccessibleDescription(LeafletPageDescription(page_drawn_));
   }
   const QRect design = TwipRect(6045, 60, 60, 210);
   label1_->setText(QString::fromStdString(form_.Label1.Caption));

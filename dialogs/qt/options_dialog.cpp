@@ -79,6 +79,9 @@ OptionsDialog::OptionsDialog(Form1& device)
     });
     bars_[i] = bar;
   }
+  bars_[0]->setAccessibleName(QStringLiteral("Game A speed"));
+  bars_[1]->setAccessibleName(QStringLiteral("Game B speed"));
+  bars_[2]->setAccessibleName(QStringLiteral("Diver scenes speed"));
   const Label* captions[] = {&form_.GameASpeed, &form_.GameBSpeed, &form_.DiverSpeed};
   for (int i = 0; i < 3; ++i)
     speed_labels_[i] = new QLabel(QString::fromStdString(captions[i]->Caption), frame1_);
@@ -88,6 +91,8 @@ OptionsDialog::OptionsDialog(Form1& device)
   auto* frame2 = Add<QGroupBox>(this, QStringLiteral("&Sound"), TwipRect(75, 1605, 1035, 1050));
   sound_on_ = Add<QRadioButton>(frame2, QStringLiteral("On"), TwipRect(105, 360, 555, 210));
   sound_off_ = Add<QRadioButton>(frame2, QStringLiteral("Off"), TwipRect(120, 675, 555, 210));
+  sound_on_->setAccessibleName(QStringLiteral("Sound on"));
+  sound_off_->setAccessibleName(QStringLiteral("Sound off"));
   // The option that comes on has the say; the other goes off by its Click.
   for (QRadioButton* option : {sound_on_, sound_off_}) {
     OptionButton& value = option == sound_on_ ? form_.SoundOn : form_.SoundOff;

@@ -12,6 +12,7 @@
 
 #include "shell/pictures/built_pictures.h"
 #include "shell/pictures/device_painter.h"
+#include "shell/window/device_accessible.h"
 
 namespace nautrix {
 namespace {
@@ -37,6 +38,7 @@ DeviceWindow::DeviceWindow(Form1& form)
   // stacking before it is first shown.
   winId();
   client_pos_ = pos();
+  InstallDeviceAccessible(*this, form);
 }
 
 void DeviceWindow::MoveClientTo(const QPoint& pos) {
@@ -52,6 +54,7 @@ void DeviceWindow::MoveClientTo(const QPoint& pos) {
 void DeviceWindow::ObjectChanged(Obj o) {
   const Rect r = form_.ObjectRect(o);
   update(r.left, r.top, r.width, r.height);
+  DeviceAccessibleChanged(*this, o);
 }
 
 QPointF DeviceWindow::Twips(Obj o, const QPointF& global) const {

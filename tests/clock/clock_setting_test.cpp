@@ -13,19 +13,24 @@ using LcdReadout = Scene;
 // The hour has no leading zero, the colon is lit in even seconds, and the
 // half of the day lights its mark; midnight and noon are 12:00. A score
 // lights no leading zeros, keeps a zero inside the number, and puts out the
-// colon and the marks; the next time lights the right mark again.
+// colon and the marks; the next time lights the right mark again. The text
+// read back from the segments says the same in words, colon or not.
 TEST_F(LcdReadout, TimesAndScores) {
-  const char* const cases[][2] = {
-      {"090507 AM", "-905 am"}, {"100000 PM", "1000 pm:"}, {"120000 AM", "1200 am:"},
-      {"0", "---0 "},           {"120000 PM", "1200 pm:"}, {"015959 PM", "-159 pm"},
-      {"5", "---5 "},           {"105", "-105 "},          {"100", "-100 "},
-      {"700", "-700 "},         {"70", "--70 "},           {"999", "-999 "},
-      {"101011 PM", "1010 pm"}, {"3", "---3 "},            {"111112 AM", "1111 am:"},
+  const char* const cases[][3] = {
+      {"090507 AM", "-905 am", "9:05 AM"}, {"100000 PM", "1000 pm:", "10:00 PM"},
+      {"120000 AM", "1200 am:", "12:00 AM"}, {"0", "---0 ", "0"},
+      {"120000 PM", "1200 pm:", "12:00 PM"}, {"015959 PM", "-159 pm", "1:59 PM"},
+      {"5", "---5 ", "5"},                  {"105", "-105 ", "105"},
+      {"100", "-100 ", "100"},              {"700", "-700 ", "700"},
+      {"70", "--70 ", "70"},                {"999", "-999 ", "999"},
+      {"101011 PM", "1010 pm", "10:10 PM"}, {"3", "---3 ", "3"},
+      {"111112 AM", "1111 am:", "11:11 AM"},
   };
-  for (const auto& [text, shown] : cases) {
+  for (const auto& [text, shown, words] : cases) {
     const bool score = std::string(text).size() <= 3;
     score ? form.ShowScore(std::stoi(text)) : form.ShowTime(text);
     EXPECT_EQ(Readout(), shown) << text;
+    EXPECT_EQ(form.ReadoutText(), words) << text;
     EXPECT_TRUE(form.ScoreShown || !score);
   }
 }

@@ -235,6 +235,14 @@ Auto%20Show=True
 INI
 }
 
+# A private session bus for the program and the test's own clients.
+e2e_start_session_bus() {
+  dbus-daemon --session --nofork --print-address=3 3>"$E2E_DIR/bus" 2>/dev/null &
+  E2E_PIDS+=($!)
+  e2e_wait_for 10 test -s "$E2E_DIR/bus" || e2e_fail "no session bus"
+  export DBUS_SESSION_BUS_ADDRESS=$(head -n1 "$E2E_DIR/bus")
+}
+
 # An X11 system tray at the bottom right of the screen; E2E_TRAY is its PID.
 e2e_start_tray() {
   trayer --edge bottom --align right --widthtype pixel --width 100 \

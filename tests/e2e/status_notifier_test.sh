@@ -11,10 +11,7 @@ host="$(dirname "$app")/nautrix_status_notifier_host"
 e2e_setup
 e2e_write_store
 
-dbus-daemon --session --nofork --print-address=3 3>"$E2E_DIR/bus" 2>/dev/null &
-E2E_PIDS+=($!)
-e2e_wait_for 10 test -s "$E2E_DIR/bus" || e2e_fail "no session bus"
-export DBUS_SESSION_BUS_ADDRESS=$(head -n1 "$E2E_DIR/bus")
+e2e_start_session_bus
 
 # The host prints the bus name of each item that registers, into $1.
 start_host() {
