@@ -152,6 +152,8 @@ class Form1 {
 
   // ---- game/diver.cpp ----------------------------------------------------
   void DiverForward();
+  // The diver's picture at position p (1 to 8).
+  Obj DiverSprite(int p) const;
   void DiverBack();
   void BoatTick();
   void HideDivers();

@@ -19,6 +19,10 @@ struct ClockTime {
 // Window positions are twips, the pointer and the screen objects pixels.
 inline constexpr int kTwipsPerPixel = 15;
 
+// The tray's messages that act, as numbers of pixels of a pointer X: the
+// left button's double click and the right button's release.
+inline constexpr int kTrayLeftDoubleClick = 515, kTrayRightRelease = 517;
+
 struct Point {
   int x = 0;
   int y = 0;

@@ -5,17 +5,12 @@
 #include <strings.h>
 
 namespace nautrix {
-namespace {
-
-// The text without blanks around it.
 std::string Trimmed(const std::string& text) {
-  const size_t first = text.find_first_not_of(" \t");
+  const size_t first = text.find_first_not_of(" \t\r");
   if (first == std::string::npos) return "";
-  const size_t last = text.find_last_not_of(" \t");
+  const size_t last = text.find_last_not_of(" \t\r");
   return text.substr(first, last - first + 1);
 }
-
-}  // namespace
 
 bool ParseBool(const std::string& text, bool& value) {
   const std::string t = Trimmed(text);

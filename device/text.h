@@ -5,6 +5,8 @@
 
 namespace nautrix {
 
+// The text without blanks, tabs and carriage returns around it.
+std::string Trimmed(const std::string& text);
 // "True"/"False" in any case, or a whole number (0 is false). Returns false
 // and leaves `value` alone for anything else.
 bool ParseBool(const std::string& text, bool& value);

@@ -6,21 +6,13 @@
 namespace nautrix {
 namespace {
 
-// The diver's picture at position p (1 to 8): the row of the position, the
-// bag, and the tip of the tentacle over him (tentacle 4 over all the chest's
-// positions).
-Obj DiverSprite(const Form1& f, int p) {
-  const int t = p <= 5 ? p - 1 : 4;
-  return Diver(4 * (p - 1) + f.DiverLoad + f.TentacleDown[t]);
-}
-
 // One step on the sea floor, to position p (1 to 5): the diver is drawn
 // first, and whether the tentacle over him takes him is tested last. While
 // the clock or the alarm is being set the walking demo catches nobody there.
 void WalkTo(Form1& f, int p) {
   f.Hide(DiverStep(f.DiverPos));
   f.DiverPos = static_cast<uint8_t>(p);
-  f.CopyPicture(DiverSprite(f, p), DiverStep(p));
+  f.CopyPicture(f.DiverSprite(p), DiverStep(p));
   f.Show(DiverStep(p));
   if (f.TentacleDown[p - 1] == 1 && f.BonusBeats == 0 && f.ClockSetting == 0 &&
       f.AlarmSetting == 0) {
@@ -29,6 +21,13 @@ void WalkTo(Form1& f, int p) {
 }
 
 }  // namespace
+
+// The row of the position, the bag, and the tip of the tentacle over him
+// (tentacle 4 over all the chest's positions).
+Obj Form1::DiverSprite(int p) const {
+  const int t = p <= 5 ? p - 1 : 4;
+  return Diver(4 * (p - 1) + DiverLoad + TentacleDown[t]);
+}
 
 void Form1::DiverForward() {
   // Any step off the boat ends the wait there.
@@ -50,7 +49,7 @@ void Form1::DiverForward() {
       AddPoint();
     }
   }
-  CopyPicture(DiverSprite(*this, DiverPos), DiverStep(5));
+  CopyPicture(DiverSprite(DiverPos), DiverStep(5));
   if (TentacleDown[4] == 1 && BonusBeats == 0) BeginCapture();
 }
 

@@ -34,8 +34,8 @@ void Form1::AddPoint() {
   DoCheckSpeed();
 }
 
+// The tick calls it only while the bonus runs.
 void Form1::BonusTick() {
-  if (BonusBeats == 0) return;
   --BonusBeats;
   // The divers given back flash; after sixteen beats they stand lit.
   if (Misses == 1) {

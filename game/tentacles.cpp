@@ -56,7 +56,7 @@ void Form1::MoveTentacles() {
         // beats 6 to 8 are drawn on the chest's own object.
         const int p = DiverPos > 5 ? 5 : DiverPos;
         if (p == t + 1) {
-          CopyPicture(Diver(4 * (DiverPos - 1) + DiverLoad + TentacleDown[p - 1]), DiverStep(p));
+          CopyPicture(DiverSprite(DiverPos), DiverStep(p));
           beat = false;
           if (BonusBeats == 0) BeginCapture();
         }

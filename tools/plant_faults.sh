@@ -85,12 +85,13 @@ EOF
 # The desktop's side: the store's file, the voice and its cache, the wave
 # decoder, the window's repaints, pointer and keys, the pictures, the dialogs.
 qt_faults=$(cat <<'EOF'
-shell/store/settings_store.cpp: a.st_dev == b.st_dev && a.st_ino == b.st_ino && => a.st_dev == b.st_dev &&
-shell/store/settings_store.cpp: ok = ok && ::fsync(fd) == 0; =>
-shell/store/settings_store.cpp: ok = ok && ::rename(temp.c_str(), path.c_str()) == 0; =>
-shell/store/settings_store.cpp: ::flock(folder, LOCK_EX | LOCK_NB) => ::flock(folder, LOCK_SH | LOCK_NB)
-shell/store/settings_store.cpp: if (!quoted && c == ';') break; => if (c == ';') break;
-shell/sound/sound_voice.cpp: Same(modified, other.modified) && Same(changed, other.changed); => Same(modified, other.modified);
+shell/file_stamp.h: a.st_dev == b.st_dev && a.st_ino == b.st_ino && => a.st_dev == b.st_dev &&
+shell/store/durable_file.cpp: ok = ok && Disk().fsync(fd) == 0; =>
+shell/store/durable_file.cpp: ok = ok && Disk().rename(temp.c_str(), target.c_str()) == 0; =>
+shell/store/durable_file.cpp: ::flock(fd_, LOCK_EX | LOCK_NB) => ::flock(fd_, LOCK_SH | LOCK_NB)
+shell/store/ini_text.cpp: if (!quoted && c == ';') break; => if (c == ';') break;
+shell/store/durable_file.cpp: const std::string target = Target(path); => const std::string target = path;
+shell/file_stamp.h: a.st_ctim.tv_sec == b.st_ctim.tv_sec && a.st_ctim.tv_nsec == b.st_ctim.tv_nsec && =>
 shell/sound/sound_voice.cpp: if (st.st_size <= kLargestWave) { => if (st.st_size <= 2 * kLargestWave) {
 shell/sound/wave_decoder.cpp: at = body + length + (length & 1); => at = body + length;
 shell/sound/wave_decoder.cpp: return (p[0] - 128) * 256.0; => return p[0] * 256.0;

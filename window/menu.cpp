@@ -11,7 +11,7 @@ namespace nautrix {
 void Form1::OpenPopupMenu() { platform_.OpenPopupMenu(); }
 
 // The tray reports its mouse messages by number, as a pointer X of that many
-// pixels: 515 a left double click, 517 the right button's release. Events
+// pixels; two of them act (device/platform.h). Events
 // that come while the menu is open are dropped. An X beyond every message
 // number is no message.
 void Form1::Form_MouseMove(int /*Button*/, int /*Shift*/, float X, float /*Y*/) {
@@ -19,8 +19,8 @@ void Form1::Form_MouseMove(int /*Button*/, int /*Shift*/, float X, float /*Y*/) 
   TrayMessage = std::fabs(pixels) < 1e9f ? static_cast<int32_t>(std::lround(pixels)) : 0;
   if (TrayBusy) return;
   TrayBusy = true;
-  if (TrayMessage == 515) mHide_Click();
-  if (TrayMessage == 517) OpenPopupMenu();
+  if (TrayMessage == kTrayLeftDoubleClick) mHide_Click();
+  if (TrayMessage == kTrayRightRelease) OpenPopupMenu();
   TrayBusy = false;
 }
 

@@ -86,7 +86,7 @@ bool AboutDialog::eventFilter(QObject* watched, QEvent* event) {
   const auto* mouse = static_cast<QMouseEvent*>(event);
   const int button = ButtonCode(mouse->button());
   const int shift = ShiftState(mouse->modifiers());
-  const QPointF at = mouse->position() * 15;
+  const QPointF at = mouse->position() * kTwipsPerPixel;
   using Handler = void (Form2::*)(int, int, float, float);
   static constexpr Handler kDown[] = {&Form2::Email_MouseDown, &Form2::Homepage_MouseDown,
                                       &Form2::Handbill_MouseDown};

@@ -35,7 +35,7 @@ void InstructionsWindow::Load() {
 }
 
 void InstructionsWindow::Move(float left, float top) {
-  pos_ = QPoint(qRound(left / 15), qRound(top / 15));
+  pos_ = QPoint(qRound(left / kTwipsPerPixel), qRound(top / kTwipsPerPixel));
   move(pos_);
 }
 
@@ -70,7 +70,7 @@ void InstructionsWindow::keyPressEvent(QKeyEvent* event) {
   ShowPage();
 }
 
-QPointF InstructionsWindow::Twips(const QPointF& global) const { return (global - pos_) * 15; }
+QPointF InstructionsWindow::Twips(const QPointF& global) const { return (global - pos_) * kTwipsPerPixel; }
 
 void InstructionsWindow::mousePressEvent(QMouseEvent* event) {
   const QPointF xy = Twips(event->globalPosition());

@@ -20,8 +20,8 @@ class InstructionsWindow : public DialogFrame, public PageWindow {
 
   void Unload() override { QDialog::done(Rejected); }
   void PostTab() override { FocusSecondControl(); }
-  float Left() override { return static_cast<float>(pos_.x() * 15); }
-  float Top() override { return static_cast<float>(pos_.y() * 15); }
+  float Left() override { return static_cast<float>(pos_.x() * kTwipsPerPixel); }
+  float Top() override { return static_cast<float>(pos_.y() * kTwipsPerPixel); }
   void Move(float left, float top) override;
   // Where the device last put the sheet; the window manager applies a move
   // a moment later.

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <algorithm>
 
+#include "shell/file_stamp.h"
 #include "shell/sound/pulse_output.h"
 
 namespace nautrix {
@@ -19,10 +20,6 @@ constexpr off_t kLargestWave = 32 * 1024 * 1024;
 
 bool Before(const timespec& a, const timespec& b) {
   return a.tv_sec < b.tv_sec || (a.tv_sec == b.tv_sec && a.tv_nsec < b.tv_nsec);
-}
-
-bool Same(const timespec& a, const timespec& b) {
-  return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
 }
 
 // The file's whole contents, read from an open descriptor.
@@ -87,18 +84,12 @@ void SoundVoice::Play(const QString& path) {
   }
 }
 
-bool SoundVoice::Stamp::operator==(const Stamp& other) const {
-  return device == other.device && inode == other.inode && size == other.size &&
-         Same(modified, other.modified) && Same(changed, other.changed);
-}
-
 std::shared_ptr<const Samples> SoundVoice::Load(const QString& path) {
   const QByteArray name = QFile::encodeName(path);
   struct stat st;
   if (stat(name.constData(), &st) != 0 || !S_ISREG(st.st_mode)) return nullptr;
   Decoded& entry = decoded_[name.toStdString()];
-  const Stamp now_on_disk{st.st_dev, st.st_ino, st.st_size, st.st_mtim, st.st_ctim};
-  if (entry.stamp == now_on_disk && !entry.racy) return entry.samples;
+  if (SameFileState(entry.stamp, st) && !entry.racy) return entry.samples;
 
   // The stamp is taken from the file that is read, whatever the name points
   // at by now; a pipe or a device in its place is never read.
@@ -106,7 +97,7 @@ std::shared_ptr<const Samples> SoundVoice::Load(const QString& path) {
   const int fd = open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   if (fd < 0) return nullptr;
   if (fstat(fd, &st) == 0 && S_ISREG(st.st_mode)) {
-    entry.stamp = {st.st_dev, st.st_ino, st.st_size, st.st_mtim, st.st_ctim};
+    entry.stamp = st;
     if (st.st_size <= kLargestWave) {
       const std::vector<uint8_t> bytes = ReadAll(fd, st.st_size);
       if (std::optional<Samples> samples = DecodeWave(bytes.data(), bytes.size(), kVoiceRate))

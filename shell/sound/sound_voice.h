@@ -3,6 +3,7 @@
 // audio server does, missing, slow or restarting, ever holds up the tick.
 #pragma once
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
 #include <QString>
@@ -65,18 +66,8 @@ class SoundVoice {
   VoiceReader& reader() { return reader_; }
 
  private:
-  // What tells one state of a file from another: a file replaced, rewritten
-  // or copied in with its old times kept changes at least its identity or
-  // its change time.
-  struct Stamp {
-    dev_t device = 0;
-    ino_t inode = 0;
-    off_t size = -1;
-    timespec modified{}, changed{};
-    bool operator==(const Stamp& other) const;
-  };
   struct Decoded {
-    Stamp stamp;
+    struct stat stamp = {};  // the file as decoded (shell/file_stamp.h)
     // The decode may have missed a change made in the same tick of the
     // file system's clock: the next play reads the file again.
     bool racy = false;

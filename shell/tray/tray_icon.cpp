@@ -3,8 +3,6 @@
 namespace nautrix {
 namespace {
 
-constexpr int kLeftDoubleClick = 515;
-constexpr int kRightRelease = 517;
 constexpr int kWatchMs = 1000;
 constexpr int kTrayGoneChecks = 3;
 
@@ -15,9 +13,9 @@ constexpr int kTrayGoneChecks = 3;
 // double click: its activation stands for it.
 int TrayMessage(QSystemTrayIcon::ActivationReason reason, bool status_notifier) {
   switch (reason) {
-    case QSystemTrayIcon::DoubleClick: return kLeftDoubleClick;
-    case QSystemTrayIcon::Trigger: return status_notifier ? kLeftDoubleClick : 0;
-    case QSystemTrayIcon::Context: return kRightRelease;
+    case QSystemTrayIcon::DoubleClick: return kTrayLeftDoubleClick;
+    case QSystemTrayIcon::Trigger: return status_notifier ? kTrayLeftDoubleClick : 0;
+    case QSystemTrayIcon::Context: return kTrayRightRelease;
     default: return 0;
   }
 }

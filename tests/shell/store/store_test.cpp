@@ -6,10 +6,16 @@
 // tier's.
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/file.h>
+
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
+#include "shell/store/durable_file.h"
 #include "shell/window/qt_platform.h"
 #include "tests/shell/qt_test_app.h"
 
@@ -72,6 +78,51 @@ TEST(Store, AStoreThatCannotBeWrittenStillServesTheRun) {
   EXPECT_EQ(Get(fresh, "Sound"), "1");
   EXPECT_EQ(Get(fresh, "Alarm On"), "False");
   EXPECT_EQ(Get(fresh, "Game A Speed"), "NotFound");
+}
+
+// A write whose sync or rename fails, or that finds the folder's lock kept by
+// another copy, leaves the file whole as it was, no new file beside it, and
+// the value in memory; the next write that gets through brings it to disk.
+TEST(Store, AFailedWriteKeepsTheFileWholeAndTheValueInMemory) {
+  QTemporaryDir dir;
+  ScopedStoreFolder folder(dir.path());
+  const QString file = dir.path() + "/Tickplay Simulator.ini";
+  QtPlatform platform(false);
+  platform.SaveSetting(kStoreApp, kStoreSection, "Sound", "True");
+  const QByteArray before = FileText(file);
+  const int other_copy = ::open(QFile::encodeName(dir.path()).constData(), O_RDONLY);
+  for (const std::string way : {"fsync", "rename", "lock"}) {
+    const DiskCalls real = Disk();
+    if (way == "fsync") Disk().fsync = [](int) { return -1; };
+    if (way == "rename") Disk().rename = [](const char*, const char*) { return -1; };
+    if (way == "lock") ::flock(other_copy, LOCK_SH);
+    platform.SaveSetting(kStoreApp, kStoreSection, "Sound", way);
+    Disk() = real;
+    ::flock(other_copy, LOCK_UN);
+    EXPECT_EQ(FileText(file), before) << way;
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden).size(), 1) << way;
+    EXPECT_EQ(Get(platform, "Sound"), way);
+  }
+  ::close(other_copy);
+  platform.SaveSetting(kStoreApp, kStoreSection, "Left", "1");
+  EXPECT_EQ(FileText(file), "[Nautrix]\nSound=lock\nLeft=1\n");
+}
+
+// A store that is a symbolic link, as dotfile managers make it, stays a
+// link: the file it points to is the one replaced, and another copy sees it.
+TEST(Store, AStoreThatIsALinkStaysALink) {
+  QTemporaryDir dir, dotfiles;
+  ScopedStoreFolder folder(dir.path());
+  const QString link = dir.path() + "/Tickplay Simulator.ini";
+  const QString target = WriteFile(dotfiles.path() + "/nautrix.ini", "[Nautrix]\nSound=True\n");
+  ASSERT_TRUE(QFile::link(target, link));
+  QtPlatform one(false), other(false);
+  EXPECT_EQ(Get(other, "Sound"), "True");
+  one.SaveSetting(kStoreApp, kStoreSection, "Sound", "False");
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(QFileInfo(link).isSymLink());
+  EXPECT_EQ(FileText(target), "[Nautrix]\nSound=False\n");
+  EXPECT_EQ(Get(other, "Sound"), "False");
 }
 
 }  // namespace
