@@ -52,12 +52,8 @@ while read -r F how; do
   e2e_expect_setting 'Alarm Time' "120100 PM" "Alarm Time after clicks at $F"
 
   # Dragged by the case 30 x 20 pixels of the usual size.
-  xdotool mousemove --window "$E2E_WIN" --sync "$(px 10)" "$(px 150)" mousedown 1
-  for step in 1 2 3 4; do
-    xdotool mousemove --sync "$(px $((100 + 10 + step * 30 / 4)))" "$(px $((100 + 150 + step * 5)))"
-    sleep 0.1
-  done
-  xdotool mouseup 1
+  xdotool mousemove --window "$E2E_WIN" --sync "$(px 10)" "$(px 150)" mousedown 1 \
+    mousemove --sync "$(px 125)" "$(px 260)" mousemove --sync "$(px 140)" "$(px 270)" mouseup 1
   e2e_expect_setting Left "1905" "Left after a drag at $F"
   e2e_expect_setting Top "1470" "Top after a drag at $F"
   expect_window_at 130 120
