@@ -18,61 +18,52 @@ constexpr char kThanks[] = "Special thanks to";
 constexpr char kThanksFirst[] = "everyone who kept a Nautrix and its leaflet,";
 constexpr char kThanksLast[] = "and all who played the first simulators";
 
-// A label at its designed place; Centre makes it as wide as its text.
-QLabel* AddLabel(QWidget* parent, const QString& text, const QRect& design) {
-  auto* label = new QLabel(text, parent);
-  label->setGeometry(design);
-  return label;
-}
-
-// Centred where the design centred it.
-void Centre(QLabel* label) {
-  const int middle = label->geometry().center().x();
-  label->adjustSize();
-  label->move(middle - label->width() / 2, label->y());
-}
-
 }  // namespace
 
 AboutDialog::AboutDialog(Form1& device)
     : DialogFrame(Kind::Framed, 247, 180), form_(device, *this) {
   setWindowTitle(QStringLiteral("Nautrix Simulator"));
 
-  auto* ok = new QPushButton(QStringLiteral("&OK"), this);
-  ok->setGeometry(TwipRect(2640, 2295, 975, 345));
-  ok->setDefault(true);
-  connect(ok, &QPushButton::clicked, this, [this] { form_.Command1_Click(); });
-
-  QLabel* labels[] = {
-      AddLabel(this, kVersion, TwipRect(615, 30, 2370, 195)),
-      AddLabel(this, kAuthor, TwipRect(780, 255, 2085, 210)),
-      links_[0] = AddLabel(this, QString::fromStdString(form_.Email.Caption),
-                             TwipRect(1095, 495, 1455, 210)),
-      links_[1] = AddLabel(this, QString::fromStdString(form_.Homepage.Caption),
-                             TwipRect(885, 720, 1890, 210)),
-      nullptr, nullptr, nullptr, nullptr};
-  auto* frame1 = new QGroupBox(this);
-  frame1->setGeometry(TwipRect(90, 945, 3540, 1275));
-  frame1->setAccessibleName(QStringLiteral("Thanks"));
-  labels[4] = AddLabel(frame1, kThanks, TwipRect(1095, 195, 1245, 210));
-  labels[5] = AddLabel(frame1, kThanksFirst, TwipRect(105, 420, 3315, 210));
-  labels[6] = links_[2] = AddLabel(frame1, QString::fromStdString(form_.Handbill.Caption),
-                                     TwipRect(360, 645, 2700, 210));
-  labels[7] = AddLabel(frame1, kThanksLast, TwipRect(120, 975, 3285, 210));
-  labels[0]->setFont(BoldFont());
+  ok_ = new QPushButton(QStringLiteral("&OK"), this);
+  ok_->setDefault(true);
+  connect(ok_, &QPushButton::clicked, this, [this] { form_.Command1_Click(); });
+  frame1_ = new QGroupBox(this);
+  frame1_->setAccessibleName(QStringLiteral("Thanks"));
+  const QString texts[] = {kVersion,
+                           kAuthor,
+                           QString::fromStdString(form_.Email.Caption),
+                           QString::fromStdString(form_.Homepage.Caption),
+                           kThanks,
+                           kThanksFirst,
+                           QString::fromStdString(form_.Handbill.Caption),
+                           kThanksLast};
+  for (int i = 0; i < 8; ++i) labels_[i] = new QLabel(texts[i], i < 4 ? static_cast<QWidget*>(this) : frame1_);
+  links_ = {labels_[2], labels_[3], labels_[6]};
+  labels_[0]->setFont(BoldFont());
   for (QLabel* link : links_) {
     link->setFont(UnderlinedFont());
     link->setCursor(Qt::PointingHandCursor);
     link->installEventFilter(this);
   }
-  // Every line within its frame.
-  FitFont([&labels] {
-    return std::all_of(std::begin(labels), std::end(labels), [](QLabel* label) {
-      return label->sizeHint().width() <= label->parentWidget()->contentsRect().width() - 4;
-    });
-  });
-  for (QLabel* label : labels) Centre(label);
+  ArrangeToFit();
   ShowLinks();
+}
+
+// Each label as wide as its text, centred where the design centred it.
+void AboutDialog::Arrange() {
+  static constexpr int kDesign[8][4] = {
+      {615, 30, 2370, 195},  {780, 255, 2085, 210},  {1095, 495, 1455, 210},
+      {885, 720, 1890, 210}, {1095, 195, 1245, 210}, {105, 420, 3315, 210},
+      {360, 645, 2700, 210}, {120, 975, 3285, 210}};
+  ok_->setGeometry(TwipRect(2640, 2295, 975, 345));
+  frame1_->setGeometry(TwipRect(90, 945, 3540, 1275));
+  for (int i = 0; i < 8; ++i) {
+    const auto& d = kDesign[i];
+    const QRect design = TwipRect(d[0], d[1], d[2], d[3]);
+    const QSize text = labels_[i]->sizeHint();
+    labels_[i]->setGeometry(design.center().x() + 1 - (text.width() + 1) / 2, design.y(),
+                            text.width(), std::max(text.height(), design.height()));
+  }
 }
 
 // A link's press and release, with any button; the release comes to the

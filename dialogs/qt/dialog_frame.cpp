@@ -1,7 +1,15 @@
 #include "dialogs/qt/dialog_frame.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStyle>
 #include <QWindow>
+#include <algorithm>
+#include <cmath>
 
 #include "device/platform.h"
 
@@ -9,7 +17,12 @@ namespace nautrix {
 namespace {
 
 constexpr qreal kDesignPoints = 8.25;
-constexpr qreal kSmallestPoints = 6.5;
+// The text size of most desktops' dialogs, which the design's 8.25 points
+// stand for: a desktop set to larger text gets larger dialogs.
+constexpr qreal kUsualDesktopPoints = 9;
+// The design grows in steps of a thirty-second until its texts fit.
+constexpr qreal kScaleStep = 1.0 / 32;
+constexpr int kFrameWatchMs = 20, kFrameChecks = 50;
 
 QWidget* NextTabStop(QWidget* window, QWidget* from) {
   for (QWidget* w = from->nextInFocusChain(); w != window; w = w->nextInFocusChain()) {
@@ -18,22 +31,37 @@ QWidget* NextTabStop(QWidget* window, QWidget* from) {
   return nullptr;
 }
 
+// No minimise or maximise button and no resizing: the title bar offers the
+// close button alone, where the window manager reads the window's functions.
 Qt::WindowFlags FlagsOf(DialogFrame::Kind kind) {
   if (kind == DialogFrame::Kind::Frameless) return Qt::Dialog | Qt::FramelessWindowHint;
-  return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-         Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+  return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+         Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint;
+}
+
+// The room a control's caption needs. A push button's own size hint asks
+// for a style's minimum width beyond its caption, which the design's
+// buttons never had.
+QSize Needed(const QWidget& w) {
+  if (const auto* button = qobject_cast<const QPushButton*>(&w)) {
+    const QStyle* style = w.style();
+    const int frame = style->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, &w);
+    const int margin = style->pixelMetric(QStyle::PM_ButtonMargin, nullptr, &w);
+    return w.fontMetrics().size(Qt::TextShowMnemonic, button->text()) +
+           QSize(2 * (margin + frame), 2 * frame);
+  }
+  if (qobject_cast<const QGroupBox*>(&w)) return QSize(w.minimumSizeHint().width(), 0);
+  if (qobject_cast<const QLabel*>(&w) || qobject_cast<const QAbstractButton*>(&w))
+    return w.sizeHint();
+  return QSize(0, 0);
 }
 
 }  // namespace
 
-QRect TwipRect(int left, int top, int width, int height) {
-  return QRect(left / kTwipsPerPixel, top / kTwipsPerPixel, width / kTwipsPerPixel,
-               height / kTwipsPerPixel);
-}
-
 QFont DialogFont() {
   QFont font = QApplication::font();
-  font.setPointSizeF(kDesignPoints);
+  const qreal desktop = font.pointSizeF() > 0 ? font.pointSizeF() : kUsualDesktopPoints;
+  font.setPointSizeF(kDesignPoints * std::max<qreal>(1, desktop / kUsualDesktopPoints));
   return font;
 }
 
@@ -49,29 +77,87 @@ QFont UnderlinedFont() {
   return font;
 }
 
+QStringList LayoutFaults(const QWidget& window) {
+  QStringList faults;
+  const auto name = [](const QWidget* w) {
+    const auto* label = qobject_cast<const QLabel*>(w);
+    const auto* button = qobject_cast<const QAbstractButton*>(w);
+    const auto* frame = qobject_cast<const QGroupBox*>(w);
+    return QString::fromLatin1(w->metaObject()->className()) + " \"" +
+           (label ? label->text() : button ? button->text() : frame ? frame->title() : QString()) +
+           "\"";
+  };
+  const QList<QWidget*> all = window.findChildren<QWidget*>();
+  for (const QWidget* w : all) {
+    if (!w->isVisibleTo(&window) || !w->parentWidget() || w->isWindow()) continue;
+    const QSize need = Needed(*w);
+    if (need.width() > w->width() || need.height() > w->height())
+      faults << name(w) + " is cut";
+    const QWidget* parent = w->parentWidget();
+    const QRect room = parent == &window ? window.rect() : parent->contentsRect();
+    if (!room.contains(w->geometry())) faults << name(w) + " leaves its frame";
+    for (const QWidget* other : all) {
+      if (other != w && other < w && other->parentWidget() == parent &&
+          other->isVisibleTo(&window) && other->geometry().intersects(w->geometry()))
+        faults << name(other) + " and " + name(w) + " overlap";
+    }
+  }
+  return faults;
+}
+
 // No owner: the device window may hide in the tray while a dialog stands.
-DialogFrame::DialogFrame(Kind kind, int width, int height) : QDialog(nullptr, FlagsOf(kind)) {
+DialogFrame::DialogFrame(Kind kind, int width, int height)
+    : QDialog(nullptr, FlagsOf(kind)), design_(width, height) {
   setAttribute(Qt::WA_DeleteOnClose);
   setFont(DialogFont());
-  setFixedSize(width, height);
+  setFixedSize(design_);
+  frame_watch_.setInterval(kFrameWatchMs);
+  connect(&frame_watch_, &QTimer::timeout, this, [this] {
+    if (frameGeometry().size() == size() && ++frame_checks_ < kFrameChecks) return;
+    frame_watch_.stop();
+    PlaceCentred();
+  });
   // The native window exists before the load, which sets its stacking.
   winId();
 }
 
-// The client area is placed: a frame's size is not known before it is shown.
-void DialogFrame::CentreOn(const QRect& screen_area) {
-  QRect client = rect();
-  client.moveCenter(screen_area.center());
-  setGeometry(client);
+int DialogFrame::Pixels(int twips) const {
+  return static_cast<int>(std::lround(twips * scale_ / kTwipsPerPixel));
 }
 
-void DialogFrame::FitFont(const std::function<bool()>& fits) {
-  QFont font = DialogFont();
-  for (qreal points = kDesignPoints; points >= kSmallestPoints; points -= 0.25) {
-    font.setPointSizeF(points);
-    setFont(font);
-    if (fits()) return;
+QRect DialogFrame::TwipRect(int left, int top, int width, int height) const {
+  return QRect(Pixels(left), Pixels(top), Pixels(width), Pixels(height));
+}
+
+void DialogFrame::ArrangeToFit() {
+  const qreal first = std::max<qreal>(1, font().pointSizeF() / kDesignPoints);
+  for (scale_ = first;; scale_ += kScaleStep) {
+    setFixedSize(qRound(design_.width() * scale_), qRound(design_.height() * scale_));
+    Arrange();
+    if (scale_ >= 3 * first || LayoutFaults(*this).isEmpty()) return;
   }
+}
+
+void DialogFrame::CentreOn(const QRect& screen_area) {
+  screen_area_ = screen_area;
+  PlaceCentred();
+  if (windowFlags().testFlag(Qt::FramelessWindowHint)) return;
+  frame_checks_ = 0;
+  frame_watch_.start();
+}
+
+// The window's position is its frame's corner.
+void DialogFrame::PlaceCentred() {
+  QRect frame = frameGeometry();
+  frame.moveCenter(screen_area_.center());
+  move(frame.topLeft());
+}
+
+void DialogFrame::BringForward() {
+  setWindowState((windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+  show();
+  raise();
+  activateWindow();
 }
 
 // Only the window manager's state changes, as for the device window.

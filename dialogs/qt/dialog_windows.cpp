@@ -27,11 +27,7 @@ void DialogWindows::Load(Dialog dialog) {
 }
 
 void DialogWindows::Open(Dialog dialog) {
-  if (DialogFrame* open = Window(dialog)) {
-    open->raise();
-    open->activateWindow();
-    return;
-  }
+  if (DialogFrame* open = Window(dialog)) return open->BringForward();
   QScreen* screen = device_window_.screen();
   if (!screen) screen = QGuiApplication::primaryScreen();
   switch (dialog) {

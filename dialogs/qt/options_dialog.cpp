@@ -1,6 +1,7 @@
 #include "dialogs/qt/options_dialog.h"
 
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QSignalBlocker>
 #include <QStyleOptionFocusRect>
@@ -8,10 +9,6 @@
 
 namespace nautrix {
 namespace {
-
-// Design rows of the speed frame, in pixels: the bars' left end and length,
-// and the step from one bar to the next.
-constexpr int kBarLeft = 87, kBarWidth = 328, kBarHeight = 17, kRowStep = 22;
 
 // A speed bar that shows whenever it has the focus, however it came: the
 // user steers the focused bar with the arrows, Home, End and the page keys.
@@ -26,6 +23,16 @@ class SpeedBar : public QScrollBar {
   }
 
  protected:
+  // The arrows move the thumb the way they point, as on any horizontal bar;
+  // a scroll bar of Qt's turns Left and Right round by default, and turning
+  // its controls round as a whole would turn Up, Down and the page keys.
+  void keyPressEvent(QKeyEvent* event) override {
+    const int key = event->key();
+    if (key != Qt::Key_Left && key != Qt::Key_Right) return QScrollBar::keyPressEvent(event);
+    const bool toward_min = (key == Qt::Key_Left) != isRightToLeft();
+    triggerAction(toward_min ? SliderSingleStepSub : SliderSingleStepAdd);
+    event->accept();
+  }
   void paintEvent(QPaintEvent* event) override {
     QScrollBar::paintEvent(event);
     if (!hasFocus()) return;
@@ -38,17 +45,13 @@ class SpeedBar : public QScrollBar {
   }
 };
 
-template <typename T>
-T* Add(QWidget* parent, const QString& text, const QRect& place) {
-  auto* widget = new T(text, parent);
-  widget->setGeometry(place);
-  return widget;
-}
-
-// A button of a frame as wide as its caption needs, within the frame.
-void FitWidth(QWidget* button) {
-  const int room = button->parentWidget()->contentsRect().right() - button->x();
-  button->resize(std::clamp(button->sizeHint().width(), button->width(), room), button->height());
+// A box of a frame as wide as its caption needs, within the frame, and as
+// tall as its mark needs, about its designed middle.
+void FitToCaption(QWidget* button, const QRect& design) {
+  const int room = button->parentWidget()->contentsRect().right() + 1 - design.x();
+  const int height = std::max(design.height(), button->sizeHint().height());
+  button->setGeometry(design.x(), design.center().y() + 1 - (height + 1) / 2,
+                      std::clamp(button->sizeHint().width(), design.width(), room), height);
 }
 
 }  // namespace
@@ -59,7 +62,7 @@ OptionsDialog::OptionsDialog(Form1& device)
       speeds_{&form_.HScroll1, &form_.HScroll2, &form_.HScroll3} {
   setWindowTitle(QStringLiteral("Nautrix Options"));
 
-  frame1_ = Add<QGroupBox>(this, QStringLiteral("S&peed"), TwipRect(75, 45, 6405, 1500));
+  frame1_ = new QGroupBox(QStringLiteral("S&peed"), this);
   for (int i = 0; i < 3; ++i) {
     auto* bar = new SpeedBar(frame1_);
     ScrollBar& speed = *speeds_[i];
@@ -88,9 +91,9 @@ OptionsDialog::OptionsDialog(Form1& device)
   slow_ = new QLabel(QStringLiteral("Slow"), frame1_);
   fast_ = new QLabel(QStringLiteral("Fast"), frame1_);
 
-  auto* frame2 = Add<QGroupBox>(this, QStringLiteral("&Sound"), TwipRect(75, 1605, 1035, 1050));
-  sound_on_ = Add<QRadioButton>(frame2, QStringLiteral("On"), TwipRect(105, 360, 555, 210));
-  sound_off_ = Add<QRadioButton>(frame2, QStringLiteral("Off"), TwipRect(120, 675, 555, 210));
+  frame2_ = new QGroupBox(QStringLiteral("&Sound"), this);
+  sound_on_ = new QRadioButton(QStringLiteral("On"), frame2_);
+  sound_off_ = new QRadioButton(QStringLiteral("Off"), frame2_);
   sound_on_->setAccessibleName(QStringLiteral("Sound on"));
   sound_off_->setAccessibleName(QStringLiteral("Sound off"));
   // The option that comes on has the say; the other goes off by its Click.
@@ -103,11 +106,10 @@ OptionsDialog::OptionsDialog(Form1& device)
     });
   }
 
-  auto* frame3 = Add<QGroupBox>(this, QStringLiteral("&Other"), TwipRect(1260, 1605, 5220, 1050));
-  check1_ = Add<QCheckBox>(
-      frame3, QStringLiteral("&Automatically show main window when alarm time is reached"),
-      TwipRect(135, 300, 4695, 315));
-  check2_ = Add<QCheckBox>(frame3, QStringLiteral("Always on &top"), TwipRect(135, 630, 1365, 315));
+  frame3_ = new QGroupBox(QStringLiteral("&Other"), this);
+  check1_ = new QCheckBox(
+      QStringLiteral("&Automatically show main window when alarm time is reached"), frame3_);
+  check2_ = new QCheckBox(QStringLiteral("Always on &top"), frame3_);
   for (QCheckBox* box : {check1_, check2_}) {
     CheckBox& value = box == check1_ ? form_.Check1 : form_.Check2;
     connect(box, &QCheckBox::toggled, this, [this, &value](bool on) {
@@ -116,10 +118,11 @@ OptionsDialog::OptionsDialog(Form1& device)
     });
   }
 
-  auto* ok = Add<QPushButton>(this, QStringLiteral("&OK"), TwipRect(2220, 2745, 975, 345));
-  auto* cancel = Add<QPushButton>(this, QStringLiteral("&Cancel"), TwipRect(3300, 2745, 975, 345));
-  apply_ = Add<QPushButton>(this, QStringLiteral("&Apply"), TwipRect(4395, 2745, 975, 345));
-  auto* defaults = Add<QPushButton>(this, QStringLiteral("&Default"), TwipRect(5490, 2745, 975, 345));
+  auto* ok = new QPushButton(QStringLiteral("&OK"), this);
+  auto* cancel = new QPushButton(QStringLiteral("&Cancel"), this);
+  apply_ = new QPushButton(QStringLiteral("&Apply"), this);
+  auto* defaults = new QPushButton(QStringLiteral("&Default"), this);
+  buttons_ = {ok, cancel, apply_, defaults};
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, [this] { form_.Command1_Click(); });
   connect(cancel, &QPushButton::clicked, this, [this] { form_.Command2_Click(); });
@@ -135,38 +138,40 @@ OptionsDialog::OptionsDialog(Form1& device)
   QWidget* tab_order[] = {bars_[0], bars_[1], bars_[2], sound_on_, sound_off_, check1_,
                           check2_,  ok,       cancel,   apply_,    defaults};
   for (size_t i = 1; i < std::size(tab_order); ++i) setTabOrder(tab_order[i - 1], tab_order[i]);
-
-  // The widest caption of the bars' labels must end before the bars, the
-  // long check box within its frame.
-  FitFont([this] {
-    check1_->adjustSize();
-    return check1_->x() + check1_->width() <= check1_->parentWidget()->contentsRect().right() &&
-           QFontMetrics(font()).horizontalAdvance(QStringLiteral("Game B (441)")) <
-               kBarLeft - TwipRect(120, 0, 0, 0).left() - 2;
-  });
-  for (QWidget* button : {static_cast<QWidget*>(sound_on_), static_cast<QWidget*>(sound_off_),
-                          static_cast<QWidget*>(check1_), static_cast<QWidget*>(check2_)})
-    FitWidth(button);
-  PlaceSpeedRows();
+  ArrangeToFit();
 }
 
-// "Slow" and "Fast" stand over the bars' ends below the frame's caption,
-// wherever the desktop's style draws the frame's line; then the three rows,
-// each label level with its bar.
-void OptionsDialog::PlaceSpeedRows() {
+void OptionsDialog::Arrange() {
+  frame1_->setGeometry(TwipRect(75, 45, 6405, 1500));
+  frame2_->setGeometry(TwipRect(75, 1605, 1035, 1050));
+  frame3_->setGeometry(TwipRect(1260, 1605, 5220, 1050));
+  FitToCaption(sound_on_, TwipRect(105, 360, 555, 210));
+  FitToCaption(sound_off_, TwipRect(120, 675, 555, 210));
+  FitToCaption(check1_, TwipRect(135, 300, 4695, 315));
+  FitToCaption(check2_, TwipRect(135, 630, 1365, 315));
+  const int button_lefts[] = {2220, 3300, 4395, 5490};
+  for (int i = 0; i < 4; ++i) buttons_[i]->setGeometry(TwipRect(button_lefts[i], 2745, 975, 345));
+  // "Slow" and "Fast" stand over the bars' ends below the frame's caption,
+  // wherever the desktop's style draws the frame's line; then the three
+  // rows, each label level with its bar and as wide as its widest number.
+  const int bar_left = Pixels(1305), bar_width = Pixels(4920), bar_height = Pixels(255);
   slow_->adjustSize();
   fast_->adjustSize();
-  const int heads_top = std::max(TwipRect(0, 150, 0, 0).top(), frame1_->contentsRect().top());
-  slow_->move(kBarLeft, heads_top);
-  fast_->move(kBarLeft + kBarWidth - fast_->width(), heads_top);
-  const int first_bar = std::max(TwipRect(0, 435, 0, 0).top(), heads_top + slow_->height());
-  const int label_lefts[] = {TwipRect(120, 0, 0, 0).left(), TwipRect(120, 0, 0, 0).left(),
-                             TwipRect(135, 0, 0, 0).left()};
+  const int heads_top = std::max(Pixels(150), frame1_->contentsRect().top());
+  slow_->move(bar_left, heads_top);
+  fast_->move(bar_left + bar_width - fast_->width(), heads_top);
+  const int first_bar = std::max(Pixels(435), heads_top + slow_->height());
+  const char* names[] = {"Game A", "Game B", "Diver"};
+  const int label_lefts[] = {Pixels(120), Pixels(120), Pixels(135)};
   for (int i = 0; i < 3; ++i) {
-    const int top = first_bar + i * kRowStep;
-    bars_[i]->setGeometry(kBarLeft, top, kBarWidth, kBarHeight);
-    speed_labels_[i]->adjustSize();
-    speed_labels_[i]->move(label_lefts[i], top + (kBarHeight - speed_labels_[i]->height()) / 2);
+    const int top = first_bar + i * Pixels(330);
+    bars_[i]->setGeometry(bar_left, top, bar_width, bar_height);
+    const QSize widest =
+        speed_labels_[i]->fontMetrics().size(0, QStringLiteral("%1 (441)").arg(names[i]));
+    const int height = std::max(widest.height(), speed_labels_[i]->sizeHint().height());
+    speed_labels_[i]->setGeometry(label_lefts[i], top + (bar_height - height) / 2,
+                                  std::max(widest.width(), speed_labels_[i]->sizeHint().width()),
+                                  height);
   }
 }
 
@@ -185,7 +190,6 @@ void OptionsDialog::ShowControls() {
   const Label* captions[] = {&form_.GameASpeed, &form_.GameBSpeed, &form_.DiverSpeed};
   for (int i = 0; i < 3; ++i) {
     speed_labels_[i]->setText(QString::fromStdString(captions[i]->Caption));
-    speed_labels_[i]->adjustSize();
   }
   {
     const QSignalBlocker quiet_on(sound_on_), quiet_off(sound_off_);

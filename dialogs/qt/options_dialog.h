@@ -30,8 +30,9 @@ class OptionsDialog : public DialogFrame, public DialogWindow {
   // Esc and the frame's close are Cancel.
   void reject() override;
 
+  void Arrange() override;
+
  private:
-  void PlaceSpeedRows();
   // Shows the values of Form3's controls.
   void ShowControls();
 
@@ -40,6 +41,8 @@ class OptionsDialog : public DialogFrame, public DialogWindow {
   std::array<QScrollBar*, 3> bars_;
   std::array<QLabel*, 3> speed_labels_;
   QGroupBox* frame1_;
+  QGroupBox* frame2_;
+  QGroupBox* frame3_;
   QLabel* slow_;
   QLabel* fast_;
   QRadioButton* sound_on_;
@@ -47,6 +50,7 @@ class OptionsDialog : public DialogFrame, public DialogWindow {
   QCheckBox* check1_;
   QCheckBox* check2_;
   QPushButton* apply_;
+  std::array<QPushButton*, 4> buttons_;  // OK, Cancel, Apply, Default
 };
 
 }  // namespace nautrix

@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QCursor>
-#include <QDesktopServices>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QRegion>
@@ -10,12 +9,12 @@
 #include <QRegularExpression>
 #include <QStringList>
 #include <QTime>
-#include <QUrl>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
 
 #include "dialogs/qt/dialog_windows.h"
+#include "dialogs/qt/link_opener.h"
 #include "shell/window/device_window.h"
 #include "shell/tray/popup_menu.h"
 #include "shell/tray/tray_icon.h"
@@ -264,10 +263,7 @@ void QtPlatform::RemoveTrayIcon() {
   tray_.reset();
 }
 
-// A caption without a scheme is read as a web address.
-void QtPlatform::OpenUrl(const std::string& url) {
-  QDesktopServices::openUrl(QUrl::fromUserInput(QString::fromStdString(url)));
-}
+void QtPlatform::OpenUrl(const std::string& url) { OpenLink(QString::fromStdString(url)); }
 
 void QtPlatform::Quit() {
   timer1_.stop();

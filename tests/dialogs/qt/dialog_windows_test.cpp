@@ -1,0 +1,194 @@
+// The three dialogs on a loaded device under the offscreen platform, worked
+// through their widgets as a user works them; what they store and what the
+// device does after. The same tests run at every desktop scale (the ctest
+// runs set QT_SCALE_FACTOR) and find every caption whole.
+#include <QApplication>
+#include <QCheckBox>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QScrollBar>
+#include <QTimer>
+#include <cstdio>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "dialogs/qt/dialog_windows.h"
+#include "tests/shell/desktop_device.h"
+
+namespace nautrix {
+namespace {
+
+void Key(QWidget* w, int key) {
+  for (QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent event(type, key, {});
+    QCoreApplication::sendEvent(w, &event);
+  }
+}
+
+void Mouse(QWidget* w, QEvent::Type type, Qt::MouseButton button, QPoint at = {}) {
+  QMouseEvent event(type, at, w->mapToGlobal(at), button,
+                    type == QEvent::MouseButtonRelease ? Qt::NoButton : button, {});
+  QCoreApplication::sendEvent(w, &event);
+}
+
+template <typename T>
+T* Find(QWidget* window, const QString& text) {
+  for (T* w : window->findChildren<T*>())
+    if (w->text() == text) return w;
+  ADD_FAILURE() << "no control " << text.toStdString();
+  return nullptr;
+}
+
+void Wait(int ms) {
+  QEventLoop loop;
+  QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
+class DialogWindowsTest : public ::testing::Test, protected DesktopDevice {
+ protected:
+  void SetUp() override { Load(); }
+  QWidget* Open(Dialog dialog) {
+    platform.OpenDialog(dialog);
+    return platform.dialogs()->Window(dialog);
+  }
+  std::string Stored(const char* key) { return platform.GetSetting(kStoreApp, kStoreSection, key, "-"); }
+};
+
+// Options: the focus stands on the Game B bar, and its keys move the thumb
+// the way they point. Default, then Apply, stores the factory speeds and
+// sound and marks; a game running takes its new speed at Apply; OK with the
+// box unticked takes the mark off and closes the window.
+TEST_F(DialogWindowsTest, OptionsWorkedByTheKeysAndButtons) {
+  platform.SaveSetting(kStoreApp, kStoreSection, "Game B Speed", "170");
+  form.Form_KeyDown('2', 0);
+  form.Form_KeyUp('2', 0);
+  QWidget* options = Open(Dialog::Options);
+  QList<QScrollBar*> bars = options->findChildren<QScrollBar*>();
+  ASSERT_EQ(bars.size(), 3);
+  EXPECT_EQ(options->focusWidget(), bars[1]);
+  QLabel* game_b = Find<QLabel>(options, "Game B (272)");
+  QPushButton* apply = Find<QPushButton>(options, "&Apply");
+  EXPECT_FALSE(apply->isEnabled());
+  const struct { int key, presses; const char* shown; } steps[] = {
+      {Qt::Key_Right, 60, "Game B (332)"}, {Qt::Key_Left, 10, "Game B (322)"},
+      {Qt::Key_Up, 1, "Game B (321)"},     {Qt::Key_Down, 2, "Game B (323)"},
+      {Qt::Key_PageUp, 1, "Game B (322)"}, {Qt::Key_PageDown, 1, "Game B (323)"},
+      {Qt::Key_Home, 1, "Game B (1)"},     {Qt::Key_End, 1, "Game B (441)"}};
+  for (const auto& step : steps) {
+    for (int i = 0; i < step.presses; ++i) Key(bars[1], step.key);
+    EXPECT_EQ(game_b->text(), step.shown) << step.key;
+  }
+  EXPECT_TRUE(apply->isEnabled());
+  EXPECT_EQ(bars[1]->value(), 440);  // the thumb at the right, "Fast"
+
+  Find<QPushButton>(options, "&Default")->click();
+  Find<QPushButton>(options, "&Apply")->click();
+  EXPECT_FALSE(apply->isEnabled());
+  EXPECT_EQ(Stored("Game A Speed") + Stored("Game B Speed") + Stored("Diver Speed") + Stored("Sound"),
+            "220170300True");
+  EXPECT_TRUE(form.mAlwaysOnTop.Checked && form.mAutoShow.Checked && form.mSound.Checked);
+
+  Key(bars[1], Qt::Key_End);
+  const int interval = form.Timer1Interval();
+  apply->click();
+  EXPECT_LT(form.Timer1Interval(), interval);  // the game beats at its new pace at once
+
+  Find<QCheckBox>(options, "Always on &top")->click();
+  Find<QPushButton>(options, "&OK")->click();
+  EXPECT_FALSE(form.mAlwaysOnTop.Checked);
+  EXPECT_FALSE(options->isVisible());
+}
+
+// About: a link pressed with any button turns purple, and its release,
+// wherever it comes, opens it and gives the blue back. Nothing reaches the
+// terminal when the desktop has no opener for it (here the platform has
+// none; the end-to-end tier hears a real opener's say).
+TEST_F(DialogWindowsTest, AboutOpensItsLinksSilently) {
+  QWidget* about = Open(Dialog::About);
+  QLabel* mail = Find<QLabel>(about, "mail@nautrix.example");
+  QTemporaryDir dir;
+  const QString heard = dir.filePath("heard");
+  std::fflush(stderr);
+  const int terminal = dup(2);
+  ASSERT_TRUE(std::freopen(heard.toLocal8Bit().constData(), "w", stderr));
+  Mouse(mail, QEvent::MouseButtonPress, Qt::RightButton);
+  EXPECT_EQ(mail->palette().color(QPalette::WindowText), QColor(128, 0, 128));
+  Mouse(mail, QEvent::MouseButtonRelease, Qt::RightButton, QPoint(-50, 300));
+  EXPECT_EQ(mail->palette().color(QPalette::WindowText), QColor(0, 0, 128));
+  std::fflush(stderr);
+  dup2(terminal, 2);
+  close(terminal);
+  EXPECT_EQ(FileText(heard).toStdString(), "");
+  Key(about, Qt::Key_Escape);
+  EXPECT_FALSE(about->isVisible());
+}
+
+// The leaflet turns by its keys and the pointer and closes by Esc.
+TEST_F(DialogWindowsTest, TheLeafletTurnsAndCloses) {
+  QWidget* leaflet = Open(Dialog::Instructions);
+  QLabel* number = leaflet->findChild<QLabel*>();
+  const auto page = [&] { return number->isVisibleTo(leaflet) ? number->text() : QString("1"); };
+  Key(leaflet, Qt::Key_PageDown);
+  EXPECT_EQ(page(), "2");
+  Key(leaflet, Qt::Key_End);
+  EXPECT_EQ(page(), "9");
+  EXPECT_EQ(number->geometry().right(), 406);  // right-aligned at the design's pixel 407
+  Mouse(leaflet, QEvent::MouseButtonPress, Qt::LeftButton, QPoint(100, 100));
+  Mouse(leaflet, QEvent::MouseButtonRelease, Qt::LeftButton, QPoint(100, 100));
+  EXPECT_EQ(page(), "1");
+  Mouse(leaflet, QEvent::MouseButtonPress, Qt::RightButton, QPoint(100, 100));
+  Mouse(leaflet, QEvent::MouseButtonRelease, Qt::RightButton, QPoint(100, 100));
+  EXPECT_EQ(page(), "9");
+  Key(leaflet, Qt::Key_Escape);
+  EXPECT_FALSE(leaflet->isVisible());
+}
+
+// A dialog minimised by the user comes back, the same window, when its menu
+// item is chosen again; each opens centred on the screen's free area.
+TEST_F(DialogWindowsTest, AMinimisedDialogComesBackCentred) {
+  const QPoint centre = window.screen()->availableGeometry().center();
+  for (Dialog dialog : {Dialog::About, Dialog::Options, Dialog::Instructions}) {
+    QWidget* open = Open(dialog);
+    EXPECT_LE((open->frameGeometry().center() - centre).manhattanLength(), 1);
+    open->showMinimized();
+    EXPECT_EQ(Open(dialog), open);
+    EXPECT_FALSE(open->isMinimized());
+    EXPECT_TRUE(open->isVisible());
+  }
+}
+
+// At every scale, and with the desktop's text two sizes larger, every
+// caption is whole in its control, within its frame, apart from the rest;
+// and the larger text makes larger windows. A control cut short is found.
+TEST_F(DialogWindowsTest, EveryCaptionWholeAtEveryScaleAndFont) {
+  const QFont desktop = QApplication::font();
+  QSize usual[3];
+  for (int larger : {0, 2}) {
+    QFont font = desktop;
+    font.setPointSizeF(desktop.pointSizeF() + larger);
+    QApplication::setFont(font);
+    for (Dialog dialog : {Dialog::About, Dialog::Options, Dialog::Instructions}) {
+      QWidget* open = Open(dialog);
+      EXPECT_EQ(LayoutFaults(*open).join("; ").toStdString(), "") << larger;
+      const int i = static_cast<int>(dialog);
+      if (larger == 0) usual[i] = open->size();
+      if (larger == 2 && dialog != Dialog::Instructions) EXPECT_GT(open->width(), usual[i].width());
+      if (dialog == Dialog::About) {
+        Find<QPushButton>(open, "&OK")->resize(20, 10);
+        EXPECT_NE(LayoutFaults(*open).join(""), "");
+      }
+      delete open;
+    }
+  }
+  QApplication::setFont(desktop);
+}
+
+}  // namespace
+}  // namespace nautrix
