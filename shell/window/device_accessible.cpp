@@ -37,7 +37,7 @@ constexpr int kChildren = 1 + static_cast<int>(std::size(kKeys));  // the readou
 // The readout's digits and its AM and PM marks.
 constexpr Rect kReadoutRect{149, 52, 57, 13};
 
-bool IsReadout(Obj o) {
+bool PartOfReadout(Obj o) {
   switch (o) {
     case Obj::HourDigit0: case Obj::HourDigit1: case Obj::MinuteDigit0:
     case Obj::MinuteDigit1: case Obj::am: case Obj::pm:
@@ -168,7 +168,7 @@ class DeviceAccessible : public QAccessibleWidget {
   // once the device's event is over, so a readout that is redrawn digit by
   // digit is told once, whole.
   void Changed(Obj o) {
-    if (!IsReadout(o) && o != Obj::BackCase) return;
+    if (!PartOfReadout(o) && o != Obj::BackCase) return;
     if (pending_) return;
     pending_ = true;
     QTimer::singleShot(0, window_, [this] { Tell(); });
@@ -219,9 +219,11 @@ QString PartAccessible::text(QAccessible::Text t) const {
     if (t == QAccessible::Value) return Readout();
     return QString();
   }
-  const char* tip = Info(KeyObject()).tooltip;
-  if (t == QAccessible::Name) return QString::fromLatin1(kKeys[index_ - 1].name);
-  if (t == QAccessible::Description) return QString::fromLatin1(tip);
+  // The tooltip tells more only for the round keys.
+  const QString name = QString::fromLatin1(kKeys[index_ - 1].name);
+  const QString tip = QString::fromLatin1(Info(KeyObject()).tooltip);
+  if (t == QAccessible::Name) return name;
+  if (t == QAccessible::Description) return tip == name ? QString() : tip;
   if (t == QAccessible::Accelerator) return QString::fromLatin1(kKeys[index_ - 1].binding);
   return QString();
 }

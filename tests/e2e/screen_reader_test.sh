@@ -14,7 +14,7 @@ e2e_start_session_bus
 /usr/libexec/at-spi-bus-launcher --launch-immediately 2>/dev/null &
 E2E_PIDS+=($!)
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
-e2e_start_app "$app"
+e2e_start_app "$app" "$E2E_DIR/out"
 
 tree() { reader tree >"$E2E_DIR/tree" && cat "$E2E_DIR/tree"; }
 # True when a line of the tree, read afresh, matches $1.
@@ -73,3 +73,4 @@ xdotool mousemove --window "$E2E_WIN" 34 46 click 1
 e2e_wait_for 5 tree_has '^dialog\|Nautrix Simulator' || e2e_fail "no About dialog on the bus"
 unnamed=$(sed -n '/^dialog|Nautrix Simulator/,$p' "$E2E_DIR/tree" | awk -F'|' '$2 == ""')
 e2e_expect_eq "$unnamed" "" "unnamed About controls"
+e2e_expect_eq "$(cat "$E2E_DIR/out")" "" "what the program printed"
