@@ -2,15 +2,12 @@
 # The dialogs as a user meets them: a first run's leaflet, centred and above,
 # turned by its keys and by the pointer, dragged, and closed by Esc; O opens
 # one Options however often it is pressed, and Home and Enter there store the
-# slowest Game B, then heard beating at 441 ms; About's mail link changes its
-# look while pressed and reaches the desktop's opener as "mailto:"; a second
-# run shows no leaflet.
+# slowest Game B (a game takes it from the store: the core's dialog tests);
+# About's mail link changes its look while pressed and reaches the desktop's
+# opener as "mailto:"; a second run shows no leaflet.
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
-e2e_start_audio
-# A listener that asks for 20 ms keeps the null sink in real time.
-e2e_start_level_monitor
 # The desktop's opener, first on the PATH, writes down what it was given.
 mkdir "$E2E_DIR/bin"
 printf '#!/bin/sh\necho "$*" >>"%s"\n' "$E2E_DIR/opened" >"$E2E_DIR/bin/xdg-open"
@@ -110,16 +107,6 @@ xdotool mouseup 1
 e2e_wait_for 3 grep -q '^mailto:.*@' "$E2E_DIR/opened" || e2e_fail "the mail link reached no opener"
 xdotool windowactivate --sync "$about" key Escape
 
-# --- A Game B at the new pace, heard on the null sink.
-e2e_start_recording "$E2E_DIR/game.wav"
-e2e_key 2
-sleep 4.5
-e2e_stop_recording
-read -r onsets first last < <(e2e_onsets "$E2E_DIR/game.wav" | awk 'NR == 1 {f = $1} {l = $1} END {print NR, f, l}')
-[ "$onsets" -ge 8 ] || e2e_fail "$onsets beeps in 4.5 s of Game B"
-mean=$(((last - first) / (onsets - 1)))
-echo "dialogs: Game B at 'Game B Speed' 441: $onsets beeps, mean interval $mean ms"
-[ "$mean" -ge 428 ] && [ "$mean" -le 454 ] || e2e_fail "Game B beats every $mean ms, not 441"
 e2e_stop_app
 
 # --- A second run: the store is complete, so no leaflet.

@@ -38,8 +38,7 @@ expect_sound_toggle() {
 # $3 and $4 (R and T) end the game again with the reset.
 expect_game_start() {
   tap "$1"
-  sleep 0.4
-  [ "$(e2e_region "${readout[@]}")" = "$game" ] || e2e_fail "$1 on $2 did not start Game A"
+  e2e_wait_for 3 e2e_region_is "$game" "${readout[@]}" || e2e_fail "$1 on $2 did not start Game A"
   tap "$3" "$4"
 }
 
@@ -50,9 +49,8 @@ sleep 0.5
 layout us
 idle=$(e2e_region "${readout[@]}")
 tap 1
-sleep 0.4
+e2e_wait_for 3 e2e_region_not "$idle" "${readout[@]}" || e2e_fail "1 on us did not start Game A"
 game=$(e2e_region "${readout[@]}")
-[ "$game" != "$idle" ] || e2e_fail "1 on us did not start Game A"
 tap r t
 expect_sound_toggle s us
 

@@ -163,6 +163,13 @@ e2e_window_position() {
   xwininfo -id "${1:-$E2E_WIN}" | awk '/Absolute upper-left X/ {x=$NF} /Absolute upper-left Y/ {y=$NF} END {print x, y}'
 }
 
+# Fails unless the device window (or the window $3) comes to stand at "x y"
+# ($1) within 2 s; $2 says what was placed.
+e2e_expect_position() {
+  e2e_wait_for 2 e2e_placed "$1" "${3:-}" || e2e_fail "$2: expected '$1', got '$(e2e_window_position "${3:-}")'"
+}
+e2e_placed() { [ "$(e2e_window_position "$2")" = "$1" ]; }
+
 # A value of the store file, or "<missing>".
 e2e_setting() {
   local key=${1// /%20}
@@ -195,6 +202,11 @@ e2e_region() {
   import -window "$E2E_WIN" png:- 2>/dev/null |
     /usr/bin/convert png:- -crop "${3}x${4}+${1}+${2}" +repage -depth 8 rgb:- | md5sum | cut -c1-32
 }
+
+# True while the client-area rectangle ($2 to $5: x y w h) shows the
+# fingerprint $1 (e2e_region_is) or something else (e2e_region_not).
+e2e_region_is() { [ "$(e2e_region "${@:2}")" = "$1" ]; }
+e2e_region_not() { [ "$(e2e_region "${@:2}")" != "$1" ]; }
 
 # Keeps the null sink's level in a raw file for e2e_level (needs e2e_start_audio).
 e2e_start_level_monitor() {

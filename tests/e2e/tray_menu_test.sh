@@ -74,7 +74,7 @@ e2e_wait_for 3 e2e_window_shown || e2e_fail "Hide from the tray's menu did not s
 # Qt gives a window whose stacking changed a new X window at its next show.
 E2E_WIN=$(xdotool search --onlyvisible --name '^Nautrix$' | head -n1)
 on_top || e2e_fail "the window lost Always on Top across hiding"
-[ "$(e2e_window_position)" = "0 0" ] || e2e_fail "the window moved across hiding"
+e2e_expect_position "0 0" "the window across hiding"
 
 # --- The tray restarts: the icon is back and works. A tray gone for good
 #     brings the hidden window back.
