@@ -108,6 +108,15 @@ class Form1 {
   // ---- device/tick.cpp ---------------------------------------------------
   void Timer1_Timer();
   void AttractTick();
+  // No tick before the next second of the device's clock can change
+  // anything: Timer1 may sleep until that second's edge. Asked after each
+  // tick; any event brings the beat back.
+  bool MaySleepToNextSecond() const;
+
+  // ---- device/invariants.cpp ---------------------------------------------
+  // Every broken invariant of the record, one per line; empty when all hold.
+  // Builds with NAUTRIX_CHECK_INVARIANTS check them after every tick.
+  std::string InvariantViolations() const;
 
   // ---- device/startup.cpp ------------------------------------------------
   void Form_Load();
@@ -259,6 +268,7 @@ class Form1 {
   Platform& platform() { return platform_; }
 
  private:
+  void Tick();  // Timer1_Timer's work, without the check of the record
   Platform& platform_;
   // One more than the objects: Obj::Count, the sentinel of the arrays'
   // tables, has an inert slot that is never drawn.

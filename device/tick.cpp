@@ -1,12 +1,28 @@
 // Timer1's tick: the device's one heartbeat. One tick is one beat of a game;
 // the once-a-second work is found by the clock's seconds changing against
 // LastSecond, never by counting ticks.
+#include <cstdio>
+#include <cstdlib>
+
 #include "clock/time_text.h"
 #include "device/form1.h"
 
 namespace nautrix {
 
 void Form1::Timer1_Timer() {
+  Tick();
+#ifdef NAUTRIX_CHECK_INVARIANTS
+  // A record that breaks its own rules is a fault of the routines, caught at
+  // the beat that made it rather than where it shows.
+  const std::string broken = InvariantViolations();
+  if (!broken.empty()) {
+    std::fprintf(stderr, "nautrix: the device's record broke its rules:\n%s", broken.c_str());
+    std::abort();
+  }
+#endif
+}
+
+void Form1::Tick() {
   // The back of the device freezes everything.
   if (IsVisible(Obj::BackCase)) return;
   TrackPointer();
@@ -61,6 +77,18 @@ void Form1::Timer1_Timer() {
     if (RepeatDelay >= 3) StepClock(false);
     else ++RepeatDelay;
   }
+}
+
+// Outside a game and the setting modes the tick moves something only when
+// the second changes: the readout, the colon, the demo's step, the alarm's
+// check and its beep all wait for it (AttractTick), and only a game sounds
+// between the edges. What a held key or button does at every beat, the
+// pointer's tracking and the held-key repeat, keeps the beat. The back of
+// the device stands still until an event turns it.
+bool Form1::MaySleepToNextSecond() const {
+  if (IsVisible(Obj::BackCase)) return true;
+  if (Playing || AlarmSetting != 0 || ClockSetting != 0) return false;
+  return PressedKey == kNoKey && !KeyLatch && !Dragging;
 }
 
 void Form1::AttractTick() {

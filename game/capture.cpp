@@ -16,7 +16,13 @@ void SetPose(Form1& f, int pose) {
 }  // namespace
 
 // The whole scene in a game; the demo's is silent and starts at the grip.
-void Form1::BeginCapture() { CaptureBeats = Playing ? 11 : 9; }
+// A game that is over catches nobody more: the demo that the alarm's
+// setting walks through the game-over minute would otherwise take a fourth
+// diver, and the minute would never end.
+void Form1::BeginCapture() {
+  if (Misses == 4) return;
+  CaptureBeats = Playing ? 11 : 9;
+}
 
 void Form1::CaptureTick() {
   if (CaptureBeats == 0) return;

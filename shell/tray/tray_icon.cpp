@@ -3,7 +3,6 @@
 namespace nautrix {
 namespace {
 
-constexpr int kWatchMs = 1000;
 constexpr int kTrayGoneChecks = 3;
 
 }  // namespace
@@ -32,24 +31,22 @@ TrayIcon::TrayIcon(Form1& form, const QIcon& picture) : form_(form) {
                        form_.Form_MouseMove(0, 0, static_cast<float>(message * kTwipsPerPixel), 0);
                    });
   icon_.show();
-  watch_.setInterval(kWatchMs);
-  QObject::connect(&watch_, &QTimer::timeout, [this] { CheckTray(); });
 }
 
 bool TrayIcon::Available() { return QSystemTrayIcon::isSystemTrayAvailable(); }
 
 void TrayIcon::WatchWhileHidden(bool hidden) {
   missing_checks_ = 0;
-  if (hidden) watch_.start();
-  else watch_.stop();
+  watching_ = hidden;
 }
 
 void TrayIcon::CheckTray() {
+  if (!watching_) return;
   missing_checks_ = Available() ? 0 : missing_checks_ + 1;
   if (missing_checks_ < kTrayGoneChecks) return;
   // The device's own way back keeps the "&Hide" mark true.
+  watching_ = false;
   if (form_.mHide.Checked) form_.mHide_Click();
-  watch_.stop();
 }
 
 // An X11 tray gives the icon a window of its own on the screen; a

@@ -6,7 +6,6 @@
 #pragma once
 
 #include <QSystemTrayIcon>
-#include <QTimer>
 
 #include "device/form1.h"
 
@@ -26,14 +25,16 @@ class TrayIcon {
   // While the window is hidden the icon is its only way back: a tray that
   // stays away for longer than a panel takes to restart brings it back.
   void WatchWhileHidden(bool hidden);
+  // The watch's look, once a second in the device's own wake-up (a timer of
+  // its own would wake the machine a second time each second).
+  void CheckTray();
 
  private:
   bool StatusNotifier() const;
-  void CheckTray();
 
   Form1& form_;
   QSystemTrayIcon icon_;
-  QTimer watch_;           // once a second while the window is hidden
+  bool watching_ = false;  // the window is hidden
   int missing_checks_ = 0; // checks in a row that found no tray
 };
 

@@ -200,7 +200,14 @@ int main(int argc, char** argv) {
   g_next_handler = qInstallMessageHandler(FilterMessages);
 
   g_finding_display = true;
+  // Qt's own X connection paints plain images: a repaint of a shared-memory
+  // one waits for the X server, a wake-up more for every blink of the colon,
+  // and at this size the plain image costs nothing. Programs started from
+  // here make their own choice.
+  const bool shm_chosen = qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM");
+  if (!shm_chosen) qputenv("QT_XCB_NO_MITSHM", "1");
   QApplication app(argc, argv);
+  if (!shm_chosen) qunsetenv("QT_XCB_NO_MITSHM");
   FoundDisplay();
   if (!scale.isEmpty()) {
     if (had_scale) qputenv("QT_SCALE_FACTOR", user_scale);

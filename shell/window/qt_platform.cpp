@@ -1,6 +1,10 @@
 #include "shell/window/qt_platform.h"
 
+#include <sys/timerfd.h>
+#include <unistd.h>
+
 #include <QCoreApplication>
+#include <QEvent>
 #include <QCursor>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -11,6 +15,7 @@
 #include <QTime>
 #include <QWindow>
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 
 #include "dialogs/qt/dialog_windows.h"
@@ -28,6 +33,32 @@ constexpr int kDayMs = 24 * 3600 * 1000;
 // X keeps window positions in 16 bits; a stored position beyond that would
 // wrap around to somewhere else entirely.
 constexpr int kFarthestPixel = 32000;
+
+// How long after the edge of the device's second a sleeping Timer1 wakes:
+// late enough that the clock surely reads the new second.
+constexpr int kAfterEdgeMs = 3;
+
+// Input from the user to any window of the program: the device's, its
+// dialogs', the menu's, an X11 tray icon's.
+class InputWatch : public QObject {
+ public:
+  explicit InputWatch(std::function<void()> wake) : wake_(std::move(wake)) {}
+  bool eventFilter(QObject*, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::KeyPress: case QEvent::KeyRelease: case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonRelease: case QEvent::MouseButtonDblClick: case QEvent::MouseMove:
+      case QEvent::Wheel: case QEvent::ContextMenu: case QEvent::Show: case QEvent::Hide:
+        wake_();
+        break;
+      default:
+        break;
+    }
+    return false;
+  }
+
+ private:
+  std::function<void()> wake_;
+};
 
 // The wave files the device plays, decoded ahead of their first beat.
 constexpr const char* kWaveFiles[] = {"Beep0.wav", "Beep1.wav", "Beep2.wav", "Beep3.wav"};
@@ -73,16 +104,23 @@ QPoint OnScreen(const QRect& device, const std::vector<ScreenArea>& screens) {
           std::max(area.top(), std::min(device.top(), area.bottom() + 1 - device.height()))};
 }
 
-QtPlatform::QtPlatform(bool with_audio) : voice_(with_audio) {
+QtPlatform::QtPlatform(bool with_audio)
+    : computer_time_ms([] { return QTime::currentTime().msecsSinceStartOfDay(); }),
+      voice_(with_audio) {
   // The coarse timer drifts by several milliseconds a beat.
   timer1_.setTimerType(Qt::PreciseTimer);
   timer1_.setInterval(50);
-  QObject::connect(&timer1_, &QTimer::timeout, [this] {
-    if (form_) form_->Timer1_Timer();
-  });
+  QObject::connect(&timer1_, &QTimer::timeout, [this] { Timer1Fired(); });
+  input_watch_ = std::make_unique<InputWatch>([this] { Wake(); });
+  QCoreApplication::instance()->installEventFilter(input_watch_.get());
+  QObject::connect(&store_watch_, &QFileSystemWatcher::directoryChanged, [this] { Wake(); });
+  WatchComputerClock();
 }
 
-QtPlatform::~QtPlatform() = default;
+QtPlatform::~QtPlatform() {
+  clock_notifier_.reset();
+  if (clock_watch_ >= 0) close(clock_watch_);
+}
 
 void QtPlatform::Attach(Form1& form, DeviceWindow& window) {
   form_ = &form;
@@ -112,15 +150,75 @@ void QtPlatform::SetTimerInterval(int ms) {
     timer1_.stop();
     return;
   }
+  if (asleep_) return Wake();
   // A running QTimer starts over at setInterval, so only a new value is set.
   if (timer1_ms_ != timer1_.interval()) timer1_.setInterval(timer1_ms_);
   if (timer1_enabled_ && !timer1_.isActive()) timer1_.start();
 }
 
+// A tick, then the device's answer whether it may sleep: the idle clock
+// wakes the machine once a second, not twenty times.
+void QtPlatform::Timer1Fired() {
+  if (!form_) return;
+  const bool was_asleep = std::exchange(asleep_, false);
+  in_tick_ = true;
+  form_->Timer1_Timer();
+  in_tick_ = false;
+  // The tray's watch over a hidden window looks once a second, in the same
+  // wake-up.
+  const int second = computer_time_ms() / 1000;
+  if (second != last_second_) {
+    last_second_ = second;
+    if (tray_) tray_->CheckTray();
+  }
+  if (!timer1_.isActive() || timer1_ms_ == 0) return;  // the device has ended
+  if (form_->MaySleepToNextSecond()) {
+    asleep_ = true;
+    timer1_.start(MsToNextSecond());
+  } else if (was_asleep) {
+    timer1_.start(timer1_ms_);
+  }
+}
+
+int QtPlatform::MsToNextSecond() const {
+  const int into_second = Modulo(computer_time_ms() + clock_offset_ms_, 1000);
+  return 1000 - into_second + kAfterEdgeMs;
+}
+
+void QtPlatform::Wake() {
+  if (!asleep_ || in_tick_) return;
+  asleep_ = false;
+  if (timer1_enabled_ && timer1_ms_ > 0) timer1_.start(timer1_ms_);
+}
+
+// A timer on the real-time clock set far ahead never runs out; it is
+// cancelled the moment someone sets the clock, and that wakes the device.
+void QtPlatform::WatchComputerClock() {
+  if (clock_watch_ < 0) {
+    clock_watch_ = timerfd_create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC);
+    if (clock_watch_ < 0) return;
+    clock_notifier_ = std::make_unique<QSocketNotifier>(clock_watch_, QSocketNotifier::Read);
+    QObject::connect(clock_notifier_.get(), &QSocketNotifier::activated, [this] {
+      uint64_t expiries = 0;
+      if (read(clock_watch_, &expiries, sizeof expiries) < 0 && errno == ECANCELED) {
+        WatchComputerClock();
+        ClockWasSet();
+      }
+    });
+  }
+  timespec now{};
+  clock_gettime(CLOCK_REALTIME, &now);
+  itimerspec far{};
+  far.it_value.tv_sec = now.tv_sec + 10 * 365 * 24 * 3600;
+  timerfd_settime(clock_watch_, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &far, nullptr);
+}
+
+void QtPlatform::ClockWasSet() { Wake(); }
+
 // ---- The device clock ----------------------------------------------------------
 
 ClockTime QtPlatform::Now() {
-  const int ms = Modulo(QTime::currentTime().msecsSinceStartOfDay() + clock_offset_ms_, kDayMs);
+  const int ms = Modulo(computer_time_ms() + clock_offset_ms_, kDayMs);
   return {ms / 3600000, ms / 60000 % 60, ms / 1000 % 60};
 }
 
@@ -139,14 +237,20 @@ void QtPlatform::SetTimeOfDay(const std::string& text) {
   if (!half.isEmpty()) hour = hour % 12 + (half == QLatin1String("PM") ? 12 : 0);
   if (hour > 23 || minute > 59 || second > 59) return;
   const int wanted = ((hour * 60 + minute) * 60 + second) * 1000;
-  clock_offset_ms_ = Modulo(wanted - QTime::currentTime().msecsSinceStartOfDay(), kDayMs);
+  clock_offset_ms_ = Modulo(wanted - computer_time_ms(), kDayMs);
+  Wake();  // the edges of the device's seconds have moved
 }
 
 // ---- The settings store ----------------------------------------------------------
 
 SettingsStore& QtPlatform::Store(const std::string& app) {
   std::unique_ptr<SettingsStore>& store = stores_[app];
-  if (!store) store = std::make_unique<SettingsStore>(app);
+  if (!store) {
+    store = std::make_unique<SettingsStore>(app);
+    // A store changed by another copy shows at the next beat, as when awake.
+    const QString folder = QFileInfo(store->path()).absolutePath();
+    if (QFileInfo(folder).isDir()) store_watch_.addPath(folder);
+  }
   return *store;
 }
 
@@ -216,6 +320,7 @@ void QtPlatform::BringOnScreen() {
 }
 
 void QtPlatform::ShowWindow(bool shown) {
+  Wake();
   if (!shown) FinishStart();
   window_->setVisible(shown);
   if (tray_) tray_->WatchWhileHidden(!shown);
@@ -229,6 +334,7 @@ void QtPlatform::SetTopmost(bool topmost) {
 }
 
 void QtPlatform::ObjectChanged(Obj object) {
+  if (!in_tick_) Wake();  // a change from outside a tick: a tray's or a menu's over D-Bus
   if (window_) window_->ObjectChanged(object);
 }
 

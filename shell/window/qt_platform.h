@@ -3,9 +3,12 @@
 // window's position, stacking and repaints, the popup menu and the tray icon.
 #pragma once
 
+#include <QFileSystemWatcher>
 #include <QPoint>
 #include <QRect>
+#include <QSocketNotifier>
 #include <QTimer>
+#include <functional>
 #include <map>
 #include <memory>
 #include <random>
@@ -61,6 +64,19 @@ class QtPlatform : public Platform {
   // before it when a hidden window needs its tray.
   void FinishStart();
   DialogWindows* dialogs() { return dialogs_.get(); }
+
+  // The computer's local time of day in milliseconds, which the device's
+  // clock reads with its own offset added. Tests put a clock of their own
+  // here; nothing ever sets the computer's clock.
+  std::function<int()> computer_time_ms;
+  // Timer1 sleeps to the next second's edge (a few milliseconds after it)
+  // while the device says that no beat before it can change anything.
+  bool Asleep() const { return asleep_; }
+  // Any event from outside: the beat comes back at once.
+  void Wake();
+  // The computer's clock was set (by the time service or by hand): the
+  // device looks at once, and sleeps to the edges of the new time.
+  void ClockWasSet();
   // The device has asked to end; an event loop not yet running must not start.
   bool QuitRequested() const { return quit_requested_; }
 
@@ -96,10 +112,20 @@ class QtPlatform : public Platform {
 
  private:
   SettingsStore& Store(const std::string& app);
+  void Timer1Fired();
+  int MsToNextSecond() const;
+  void WatchComputerClock();  // arms the watch that setting the clock cancels
 
   Form1* form_ = nullptr;
   DeviceWindow* window_ = nullptr;
   QTimer timer1_;
+  bool asleep_ = false;   // Timer1 runs to the next second's edge, not at its beat
+  bool in_tick_ = false;  // Timer1_Timer is running
+  int last_second_ = -1;  // the computer's second at the last tick
+  int clock_watch_ = -1;  // a timer far ahead on the real-time clock, cancelled when it is set
+  std::unique_ptr<QSocketNotifier> clock_notifier_;
+  std::unique_ptr<QObject> input_watch_;  // any input to any window of the program
+  QFileSystemWatcher store_watch_;        // another copy or a hand edit changed the store
   bool timer1_enabled_ = false;  // started after Form_Load
   int timer1_ms_ = 50;           // the device's interval, 0 stopped
   bool quit_requested_ = false;

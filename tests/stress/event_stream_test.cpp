@@ -5,16 +5,22 @@
 // messages, every menu item, the three dialogs' handlers with any control
 // values, and the store rewritten between events with values of every kind.
 // The record's invariants are checked after every event, nested ones too
-// (the popup menu and the window drags yield to the event loop). A stream is
-// fixed by its seed, so a failing seed replays.
+// (the popup menu and the window drags yield to the event loop). The random
+// numbers of the tentacles come from the stream's own generator, so the
+// games run as they run for a user. A stream is fixed by its seed, so a
+// failing seed replays.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <functional>
 #include <memory>
 #include <random>
 #include <vector>
 
+#include "clock/time_text.h"
+#include "device/text.h"
 #include "dialogs/form2.h"
 #include "dialogs/form3.h"
 #include "dialogs/form4.h"
@@ -38,13 +44,22 @@ bool Usable(const std::unique_ptr<Open<Form>>& d) {
 }
 
 // The stream is the device's platform: its event loop runs more of the
-// stream while the popup menu is open and while a drag yields.
+// stream while the popup menu is open and while a drag yields. A stream that
+// sleeps lets Timer1 sleep as the desktop's platform does: after a tick whose
+// device says it may, the ticks of the same second do not come, until any
+// event (or the store changed by another copy) brings the beat back.
 class Stream : public FakePlatform {
  public:
   uint64_t events = 0;  // delivered, nested ones included
+  uint64_t slept = 0;   // ticks a sleeping Timer1 let pass
   std::string failure;  // the first broken invariant, with the event that broke it
+  // How far it went: games started, tentacle growths, captures, divers lost,
+  // games over, high scores stored, alarm rings, clock-setting steps.
+  std::array<int, 8> reached{};
+  std::vector<size_t> prints;  // with `printing`, what the device shows, sounds and keeps
 
-  explicit Stream(uint64_t seed) : gen_(seed) {
+  Stream(uint64_t seed, bool sleeps = false, bool printing = false)
+      : sleeps_(sleeps), printing_(printing), gen_(seed) {
     FillDefaultStore();
     for (const auto& entry : store) keys_.push_back(entry.first);
     keys_.push_back(store::kSeconds);
@@ -93,6 +108,13 @@ class Stream : public FakePlatform {
     if (dialog == Dialog::Instructions && !leaflet_) leaflet_.reset(new Open<Form4>(*form_));
   }
   void Quit() override { quit_ = true; }
+  float Rnd() override { return static_cast<float>(gen_() >> 40) * (1.0f / 16777216.0f); }
+  void SaveSetting(const std::string& app, const std::string& section, const std::string& key,
+                   const std::string& value) override {
+    FakePlatform::SaveSetting(app, section, key, value);
+    const bool high = key == store::kGameAHighScore || key == store::kGameBHighScore;
+    reached[5] += high && value != "0";
+  }
 
  private:
   static constexpr int kDeepest = 3;  // the menu and the drags nest no deeper
@@ -113,14 +135,53 @@ class Stream : public FakePlatform {
 
   // One event, then the record's invariants; a run that has ended takes no
   // more events, and leaves no record to check.
-  void Deliver(const char* what, const std::function<void()>& event) {
+  void Deliver(const char* what, const std::function<void()>& event, bool tick = false) {
     if (quit_ || !failure.empty()) return;
     ++events;
-    event();
+    if (tick && asleep_ && seconds == asleep_at_) ++slept;
+    else event();
     if (quit_) return;
+    asleep_ = sleeps_ && tick && form_->MaySleepToNextSecond();
+    asleep_at_ = seconds;
     const std::string broken = InvariantViolations(*form_);
     if (!broken.empty() && failure.empty())
-      failure = std::string(what) + " at event " + std::to_string(events) + ":\n" + broken;
+      failure = std::string(what) + " at event " + std::to_string(events) + ":\n" + broken + " score " + std::to_string(form_->Score) + " misses " + std::to_string(form_->Misses)+ " was " + std::to_string(seen_.Misses) + " playing " + std::to_string(form_->Playing);
+    Note();
+    if (printing_) Print();
+  }
+
+  // What the event moved on since the last one.
+  void Note() {
+    const Form1& f = *form_;
+    int growths = 0;
+    for (int t = 0; t <= 4; ++t) growths += f.Playing && f.TentacleLength[t] > seen_.TentacleLength[t];
+    const bool moved[] = {f.Playing && !seen_.Playing, growths > 0,
+                          f.Playing && f.CaptureBeats == 11 && seen_.CaptureBeats != 11,
+                          f.Playing && f.Misses > seen_.Misses && f.Misses <= 3,
+                          f.Misses == 4 && seen_.Misses != 4, false,
+                          f.AlarmRinging && !seen_.AlarmRinging,
+                          f.ClockSetting == 1 && seen_.ClockSetting == 1 &&
+                              f.EditTimeText != seen_.EditTimeText};
+    for (size_t i = 0; i < reached.size(); ++i) reached[i] += moved[i];
+    seen_.Playing = f.Playing, seen_.TentacleLength = f.TentacleLength, seen_.Misses = f.Misses;
+    seen_.CaptureBeats = f.CaptureBeats, seen_.AlarmRinging = f.AlarmRinging;
+    seen_.ClockSetting = f.ClockSetting, seen_.EditTimeText = f.EditTimeText;
+  }
+
+  // A print of the screen's objects, the store, the sounds and window calls
+  // since the last event, the interval and the clock.
+  void Print() {
+    std::string print = std::to_string(seconds) + " " + std::to_string(form_->Timer1Interval());
+    for (int o = 0; o <= kObjectCount; ++o) {
+      const Obj object = static_cast<Obj>(o);
+      print += std::to_string(form_->IsVisible(object)) + ":" +
+               std::to_string(static_cast<int>(form_->Picture(object))) + ",";
+    }
+    for (const auto& [key, value] : store) print += key + "=" + value + ";";
+    for (const auto& t : sounds) print += t + ";";
+    for (const auto& t : calls) print += t + ";";
+    sounds.clear(), calls.clear();
+    prints.push_back(std::hash<std::string>()(print));
   }
 
   void StartRun() {
@@ -134,7 +195,10 @@ class Stream : public FakePlatform {
 
   void TopEvent() {
     const int roll = Pick(100);
-    if (roll < 35) return Tick();
+    if (roll < 35) {
+      for (int n = 1 + Pick(4); n > 0; --n) Tick();  // beats come in runs between events
+      return;
+    }
     if (roll < 50) return KeyEvent();
     if (roll < 75) return PointerEvent(Pick(10));
     if (roll < 79) return TrayMessage();
@@ -144,18 +208,25 @@ class Stream : public FakePlatform {
   }
 
   // Timer1, while it runs, with the clock moved on a second, or not at all,
-  // or anywhere.
+  // or anywhere, or to the stored alarm's minute.
   void Tick() {
     const int roll = Pick(20);
     if (roll == 0) seconds = Pick(kDay);  // backwards too
     if (roll == 1) seconds = kDay - 1 - Pick(3);  // just before midnight
     if (roll >= 2 && roll <= 6) seconds = (seconds + 1) % kDay;
-    if (form_->Timer1Interval() > 0) Deliver("tick", [&] { form_->Timer1_Timer(); });
+    const std::string alarm = store[store::kAlarmTime];
+    if (roll == 7 && IsTimeText(alarm)) {
+      const int hour = DigitsValue(alarm, 0, 2) % 12 + (alarm[7] == 'P' ? 12 : 0);
+      seconds = (hour * 60 + DigitsValue(alarm, 2, 2)) * 60 + Pick(60);
+    }
+    if (form_->Timer1Interval() > 0) Deliver("tick", [&] { form_->Timer1_Timer(); }, true);
   }
 
   // The device's keys, the menu's keys and others, or any code at all; a
   // key that is down may repeat, and its key-up may come under another code.
   int KeyCode() {
+    // In a game the diver is mostly walked out, and comes home with points.
+    if (form_->Playing && Chance(0.4)) return Chance(0.7) ? 39 : 37;
     static const int kCodes[] = {49, 50, 84, 65, 82, 37, 38, 39, 40, 83, 73, 112,
                                  66, 79, 13, 27, 97, 98, 16, 17, 18, 32, 36, 35};
     return Chance(0.85) ? kCodes[Pick(std::size(kCodes))] : Pick(256);
@@ -282,6 +353,7 @@ class Stream : public FakePlatform {
         "-32769",    "1e40",      "nan",       "inf",        "-45",         "2.5",
         "120000 PM", "125900 AM", "010000 PM", "130000 AM",  "12:00",       "000000 AM",
         "NotFound",  " 300 ",     "0x1F",      "\xff\xfe",   "True, False", "9999999999999"};
+    asleep_ = false;  // the store's watch brings the beat back
     const std::string key = keys_[Pick(keys_.size())];
     if (Chance(0.15)) return void(store.erase(key));
     std::string value = kValues[Pick(std::size(kValues))];
@@ -292,6 +364,10 @@ class Stream : public FakePlatform {
     store[key] = value;
   }
 
+  const bool sleeps_, printing_;
+  bool asleep_ = false;  // Timer1 sleeps to the next second
+  int asleep_at_ = 0;    // the second in which it fell asleep
+  Form1 seen_{*this};    // the fields Note compares, as the last event left them
   std::mt19937_64 gen_;
   std::unique_ptr<Form1> form_;
   std::unique_ptr<Open<Form2>> about_;
@@ -305,20 +381,41 @@ class Stream : public FakePlatform {
   std::vector<std::string> keys_;  // every key of the store
 };
 
-// A million events over ten streams. The long run is this test with
-// NAUTRIX_SEED, NAUTRIX_STREAMS and NAUTRIX_EVENTS set; a failing seed is
-// told and replays with NAUTRIX_SEED=N NAUTRIX_STREAMS=1.
+unsigned long long Setting(const char* name, unsigned long long fallback) {
+  const char* text = std::getenv(name);
+  return text ? std::strtoull(text, nullptr, 10) : fallback;
+}
+
+// A million events over ten streams, which play games to their end, lose
+// divers, store high scores, ring the alarm and set the clock. The long run
+// is this test with NAUTRIX_SEED, NAUTRIX_STREAMS and NAUTRIX_EVENTS set; a
+// failing seed is told and replays with NAUTRIX_SEED=N NAUTRIX_STREAMS=1.
 TEST(EventStreams, AMillionEventsBreakNoInvariant) {
-  const auto setting = [](const char* name, unsigned long long fallback) {
-    const char* text = std::getenv(name);
-    return text ? std::strtoull(text, nullptr, 10) : fallback;
-  };
-  const unsigned long long seed = setting("NAUTRIX_SEED", 1);
-  const unsigned long long streams = setting("NAUTRIX_STREAMS", 10);
+  const unsigned long long seed = Setting("NAUTRIX_SEED", 1);
+  const unsigned long long streams = Setting("NAUTRIX_STREAMS", 10);
+  std::array<int, 8> reached{};
   for (unsigned long long s = seed; s < seed + streams; ++s) {
     Stream stream(s);
-    stream.Play(setting("NAUTRIX_EVENTS", 100000));
+    stream.Play(Setting("NAUTRIX_EVENTS", 100000));
     ASSERT_EQ(stream.failure, "") << "seed " << s;
+    for (size_t i = 0; i < reached.size(); ++i) reached[i] += stream.reached[i];
+  }
+  for (const int& n : reached) EXPECT_GT(n, 0) << "reached nothing of kind " << &n - &reached[0];
+}
+
+// The same streams into a device ticked at every beat and into one whose
+// Timer1 sleeps when its core says it may: after every event both show the
+// same objects, keep the same store, sound the same waves and ask the same
+// of the desktop, at the same device times.
+TEST(EventStreams, ASleepingDeviceShowsSoundsAndKeepsTheSame) {
+  for (uint64_t seed = 1; seed <= 2; ++seed) {
+    Stream beating(seed, false, true), sleeping(seed, true, true);
+    beating.Play(40000);
+    sleeping.Play(40000);
+    const auto& [a, b] = std::pair(beating.prints, sleeping.prints);
+    const size_t same = std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin();
+    EXPECT_EQ(same, a.size()) << "seed " << seed << ": the events before the first that differs";
+    EXPECT_GT(sleeping.slept, 1000u) << "seed " << seed;
   }
 }
 

@@ -1,9 +1,8 @@
 #include "tests/support/device_test.h"
 
-#include <algorithm>
-#include <sstream>
-
 namespace nautrix {
+
+std::string InvariantViolations(const Form1& form) { return form.InvariantViolations(); }
 
 // The digit a place of the readout shows, or -1 when it is dark.
 static int DigitAt(const Form1& f, Obj place) {
@@ -12,55 +11,6 @@ static int DigitAt(const Form1& f, Obj place) {
   }
   return -1;
 }
-
-// Each broken invariant is told by its own condition.
-#define NAUTRIX_HOLDS(condition) \
-  if (!(condition)) out << #condition << "\n"
-
-std::string InvariantViolations(const Form1& f) {
-  std::ostringstream out;
-  NAUTRIX_HOLDS(f.AlarmSetting == 0 || f.ClockSetting == 0);
-  NAUTRIX_HOLDS(f.Misses != 4 || f.Playing);
-  NAUTRIX_HOLDS(f.PressedKey == kNoKey || !f.KeyLatch);
-  NAUTRIX_HOLDS(f.TentacleLength[0] == 0 || f.TentacleLength[1] == 0);  // one root
-  NAUTRIX_HOLDS(f.TentacleDown[5] + f.TentacleBack[5] + f.TentacleLength[5] + f.TentacleMax[5] ==
-                0);
-  for (int t = 0; t <= 4; ++t) {
-    NAUTRIX_HOLDS(f.TentacleDown[t] == 0 || f.TentacleLength[t] == f.TentacleMax[t]);
-    NAUTRIX_HOLDS(f.TentacleLength[t] <= f.TentacleMax[t]);
-    NAUTRIX_HOLDS(f.TentacleBack[t] <= 1 && f.TentacleDown[t] <= 1);
-    for (int k = 0; k < f.TentacleMax[t]; ++k) {
-      NAUTRIX_HOLDS(f.IsVisible(Tentacle(t, k)) == (k < f.TentacleLength[t]));
-    }
-  }
-  NAUTRIX_HOLDS(f.TentacleTurn <= 4 && f.PairReady <= 1);
-  NAUTRIX_HOLDS(f.DiverPos <= 8 && (f.DiverLoad == 0 || f.DiverLoad == 2));
-  NAUTRIX_HOLDS(f.Score >= 0 && f.Score <= 999 && f.Misses <= 4);
-  NAUTRIX_HOLDS(f.BoatWait <= 10 && f.BoatBeats <= 4 && f.CaptureBeats <= 11);
-  NAUTRIX_HOLDS(f.BonusBeats <= 16 && f.OverSeconds >= 0 && f.OverSeconds <= 60);
-  NAUTRIX_HOLDS(f.LastSecond <= 59 && f.RepeatDelay <= 3);
-  NAUTRIX_HOLDS(f.PressedKey >= -1 && f.PressedKey <= 8);
-  NAUTRIX_HOLDS(f.GameMode <= 2 && f.AlarmSetting <= 2 && f.ClockSetting <= 1);
-  NAUTRIX_HOLDS(!f.Playing || f.Timer1Interval() > 0);
-  int walkers = 0;
-  for (int p = 1; p <= 5; ++p) walkers += f.IsVisible(DiverStep(p));
-  NAUTRIX_HOLDS(walkers <= 1);
-  // The readout: every lit digit is a digit, and a time is a time of the
-  // 12-hour clock.
-  int digits[4];
-  const Obj places[] = {HourDigit(0), HourDigit(1), MinuteDigit(0), MinuteDigit(1)};
-  for (int i = 0; i < 4; ++i) {
-    digits[i] = DigitAt(f, places[i]);
-    NAUTRIX_HOLDS(!f.IsVisible(places[i]) || digits[i] >= 0);
-  }
-  if (!f.ScoreShown && f.IsVisible(Obj::am) != f.IsVisible(Obj::pm)) {
-    const int hour = std::max(digits[0], 0) * 10 + digits[1];
-    NAUTRIX_HOLDS(hour >= 1 && hour <= 12 && digits[2] >= 0 && digits[2] <= 5);
-  }
-  return out.str();
-}
-
-#undef NAUTRIX_HOLDS
 
 const char* Name(By by) { return by == By::Pointer ? "Pointer" : "Keyboard"; }
 
