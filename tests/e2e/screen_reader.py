@@ -2,7 +2,8 @@
 
   screen_reader.py PID tree         every node: role|name|text|states|description
   screen_reader.py PID press NAME   presses the push button NAME by its action and
-                                    prints each text the program announces within 1.5 s
+                                    prints each text the program announces (waits up to 5 s
+                                    for the first)
 """
 import sys
 
@@ -51,9 +52,11 @@ elif command == "press":
     def heard(event):
         if event.host_application.get_process_id() == pid:
             print(event.any_data, flush=True)
+            # A second announcement of one press would come at once.
+            GLib.timeout_add(500, pyatspi.Registry.stop)
     pyatspi.Registry.registerEventListener(heard, "object:text-changed:insert")
     button = next(n for n in nodes(app)
                   if n.getRoleName() == "push button" and n.name == sys.argv[3])
     button.queryAction().doAction(0)
-    GLib.timeout_add(1500, pyatspi.Registry.stop)
+    GLib.timeout_add(5000, pyatspi.Registry.stop)
     pyatspi.Registry.start()

@@ -22,7 +22,7 @@ tree_has() { reader tree >"$E2E_DIR/tree" && grep -qE "$1" "$E2E_DIR/tree"; }
 # The readout's text, with "time" for the device clock's time of day (the
 # computer's, as no offset is set): "h:mm AM".
 clock() { date -d "-$1 sec" '+%-I:%M %p'; }
-as_heard() { sed -E "s/(^|;)($(clock 0)|$(clock 2))(;|$)/\1time\3/g"; }
+as_heard() { sed -E "s/(^|;)($(clock 0)|$(clock 8))(;|$)/\1time\3/g"; }
 readout() { tree | awk -F'|' '$2 == "Time or score" {print $3}' | as_heard; }
 readout_is() { [ "$(readout)" = "$1" ]; }
 e2e_wait_for 10 readout_is time || e2e_fail "the readout reads '$(readout)', not the time"
