@@ -31,12 +31,14 @@ QWidget* NextTabStop(QWidget* window, QWidget* from) {
   return nullptr;
 }
 
-// No minimise or maximise button and no resizing: the title bar offers the
-// close button alone, where the window manager reads the window's functions.
+// A title and a close button, and neither minimise nor maximise: on X11 the
+// window's Motif hints say so (functions and decorations), which KWin,
+// xfwm4 and Mutter follow; its fixed size rules out maximising too. Openbox
+// draws the buttons of its theme whatever a window asks.
 Qt::WindowFlags FlagsOf(DialogFrame::Kind kind) {
   if (kind == DialogFrame::Kind::Frameless) return Qt::Dialog | Qt::FramelessWindowHint;
   return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-         Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint;
+         Qt::WindowCloseButtonHint;
 }
 
 // The room a control's caption needs. A push button's own size hint asks
@@ -112,9 +114,20 @@ DialogFrame::DialogFrame(Kind kind, int width, int height)
   setFont(DialogFont());
   setFixedSize(design_);
   frame_watch_.setInterval(kFrameWatchMs);
+  // While a window manager sets its frame up, the frame read back can be
+  // anything for a moment: the window is placed by each frame that can be
+  // one, for a second.
   connect(&frame_watch_, &QTimer::timeout, this, [this] {
-    if (frameGeometry().size() == size() && ++frame_checks_ < kFrameChecks) return;
-    frame_watch_.stop();
+    if (++frame_checks_ >= kFrameChecks) frame_watch_.stop();
+    const QRect frame = frameGeometry(), client = geometry();
+    const QMargins margins(client.left() - frame.left(), client.top() - frame.top(),
+                           frame.right() - client.right(), frame.bottom() - client.bottom());
+    const int most = std::min(client.width(), client.height()) / 4;
+    if (margins == placed_margins_ || std::min({margins.left(), margins.top(), margins.right(),
+                                                margins.bottom()}) < 0 ||
+        std::max({margins.left(), margins.top(), margins.right(), margins.bottom()}) > most)
+      return;
+    placed_margins_ = margins;
     PlaceCentred();
   });
   // The native window exists before the load, which sets its stacking.
@@ -143,6 +156,7 @@ void DialogFrame::CentreOn(const QRect& screen_area) {
   PlaceCentred();
   if (windowFlags().testFlag(Qt::FramelessWindowHint)) return;
   frame_checks_ = 0;
+  placed_margins_ = QMargins();
   frame_watch_.start();
 }
 

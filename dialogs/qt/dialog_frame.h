@@ -8,6 +8,7 @@
 
 #include <QDialog>
 #include <QFont>
+#include <QMargins>
 #include <QRect>
 #include <QStringList>
 #include <QTimer>
@@ -65,6 +66,7 @@ class DialogFrame : public QDialog {
   QRect screen_area_;
   QTimer frame_watch_;  // waits for the window manager's frame
   int frame_checks_ = 0;
+  QMargins placed_margins_;  // the frame the window was last centred with
 };
 
 }  // namespace nautrix

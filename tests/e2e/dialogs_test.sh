@@ -1,18 +1,23 @@
 #!/usr/bin/env bash
 # The dialogs as a user meets them: a first run's leaflet, centred and above,
 # turned by its keys and by the pointer, dragged, and closed by Esc; O opens
-# one Options however often it is pressed, and Home and Enter there store the
-# slowest Game B (a game takes it from the store: the core's dialog tests);
-# About's mail link changes its look while pressed and reaches the desktop's
-# opener as "mailto:"; a second run shows no leaflet.
+# one Options however often it is pressed, and brings it back minimised;
+# Home and Enter there store the slowest Game B (a game takes it from the
+# store: the core's dialog tests); About, its frame centred and its title
+# without minimise or maximise, has a mail link that changes its look while
+# pressed and reaches the desktop's opener as "mailto:"; neither a talkative
+# opener nor none at all puts a word on the terminal; a second run shows no
+# leaflet.
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
-# The desktop's opener, first on the PATH, writes down what it was given.
+# The desktop's opener, first on the PATH, writes down what it was given
+# and complains as one that finds no program for it.
 mkdir "$E2E_DIR/bin"
-printf '#!/bin/sh\necho "$*" >>"%s"\n' "$E2E_DIR/opened" >"$E2E_DIR/bin/xdg-open"
+printf '#!/bin/sh\necho "$*" >>"%s"\necho "no method available" >&2\nexit 3\n' "$E2E_DIR/opened" >"$E2E_DIR/bin/xdg-open"
 chmod +x "$E2E_DIR/bin/xdg-open"
 export PATH=$E2E_DIR/bin:$PATH
+unset BROWSER DEFAULT_BROWSER
 
 # The program's shown window of this size, if any.
 window_of_size() {
@@ -24,8 +29,18 @@ window_of_size() {
   return 1
 }
 
+# True when the frame of the window $1 stands at the screen's centre, within
+# a pixel.
+frame_centred() {
+  local x y w h l r t b
+  read -r x y < <(e2e_window_position "$1")
+  read -r w h < <(xwininfo -id "$1" | awk '/Width/ {w=$NF} /Height/ {h=$NF} END {print w, h}')
+  read -r l r t b < <(xprop -id "$1" _NET_FRAME_EXTENTS | tr -d , | awk '{print $3, $4, $5, $6}')
+  [ $(((2 * (x - l) + w + l + r - 1024) ** 2 <= 1 && (2 * (y - t) + h + t + b - 768) ** 2 <= 1)) = 1 ]
+}
+
 # --- The first run: the leaflet, centred and above.
-e2e_start_app "$app"
+e2e_start_app "$app" "$E2E_DIR/said"
 e2e_wait_for 5 window_of_size 413x250 || e2e_fail "no leaflet at the first run"
 leaflet=$(window_of_size 413x250)
 read -r x y < <(e2e_window_position "$leaflet")
@@ -86,6 +101,9 @@ sleep 0.3
 options_shown=$(xdotool search --onlyvisible --name '^Nautrix Options$' | wc -l)
 e2e_expect_eq "$options_shown" 1 "options windows after O twice"
 options=$(xdotool search --onlyvisible --name '^Nautrix Options$' | head -n1)
+xdotool windowminimize --sync "$options"
+e2e_key o
+e2e_wait_for 3 xdotool search --onlyvisible --name '^Nautrix Options$' || e2e_fail "O left the options minimised"
 xdotool windowactivate --sync "$options" key Home keydown Return sleep 0.3 keyup Return
 e2e_wait_for 3 sh -c "! xwininfo -id $options >/dev/null 2>&1" || e2e_fail "Enter left the options open"
 e2e_expect_setting 'Game B Speed' 441 "Game B Speed after Home and OK"
@@ -96,6 +114,9 @@ e2e_expect_eq "$(xdotool search --onlyvisible --pid "$E2E_APP" | wc -l)" 1 "wind
 xdotool mousemove --window "$E2E_WIN" --sync 30 45 click 1
 e2e_wait_for 3 xdotool search --onlyvisible --name '^Nautrix Simulator$' || e2e_fail "the logo opened no About"
 about=$(xdotool search --onlyvisible --name '^Nautrix Simulator$' | head -n1)
+e2e_wait_for 3 frame_centred "$about" || e2e_fail "About's frame stands off the centre: client at $(e2e_window_position "$about"), frame $(xprop -id "$about" _NET_FRAME_EXTENTS)"
+read -r -a hints < <(xprop -id "$about" _MOTIF_WM_HINTS | tr -d , | cut -d= -f2)
+e2e_expect_eq "$(((hints[1] & 0x18) | (hints[2] & 0x60)))" 0 "About's wish for minimise and maximise"
 read -r x y < <(e2e_window_position "$about")
 link=(93 34 60 12)
 unpressed=$(E2E_WIN=$about e2e_region "${link[@]}")
@@ -105,9 +126,14 @@ sleep 0.2
   e2e_fail "the pressed mail link looks as before"
 xdotool mouseup 1
 e2e_wait_for 3 grep -q '^mailto:.*@' "$E2E_DIR/opened" || e2e_fail "the mail link reached no opener"
+# The home page with no opener at all.
+rm "$E2E_DIR/bin/xdg-open"
+xdotool mousemove --sync $((x + 125)) $((y + 57)) click 1
+sleep 0.5
 xdotool windowactivate --sync "$about" key Escape
 
 e2e_stop_app
+[ ! -s "$E2E_DIR/said" ] || e2e_fail "the program said: $(cat "$E2E_DIR/said")"
 
 # --- A second run: the store is complete, so no leaflet.
 e2e_start_app "$app"
