@@ -32,9 +32,10 @@ enum KeyNumber : int16_t {
 // sliding onto a key that it holds, which differs again in a few.
 enum class KeyRoute : uint8_t { Pointer, Keyboard, Tracking };
 
-// A check mark of the popup menu; the mark itself is the working state.
+// An item of the popup menu; its check mark is itself the working state.
 struct MenuItem {
   bool Checked = false;
+  bool Enabled = true;
 };
 
 // What the screen shows of one object.
@@ -54,6 +55,8 @@ class Form1 {
   bool Dragging = false;             // a window drag is under way
   int32_t TrayMessage = 0;           // the tray's door, kept between its messages
   bool TrayBusy = false;
+  bool TrayThere = false;            // a tray holds the icon, as the desktop last said
+  uint8_t TrayMissing = 0;           // 0-3: reports in a row of no tray while hidden
   // Keys.
   int16_t PressedKey = 0;            // -1, 0, 1-8: pointer route (KeyNumber)
   bool KeyLatch = false;             // keyboard route: a device key is held
@@ -87,7 +90,8 @@ class Form1 {
   bool AlarmRinging = false;         // the alarm rings now
 
   // ---- The popup menu's marks -------------------------------------------
-  MenuItem mHide, mSound, mAutoShow, mAlwaysOnTop, mBack;
+  // "&Hide" is offered only while a tray can bring the window back.
+  MenuItem mHide{false, false}, mSound, mAutoShow, mAlwaysOnTop, mBack;
 
   // ---- Screen objects and Timer1 (device/screen.cpp) --------------------
   bool IsVisible(Obj o) const { return objects_[Index(o)].Visible; }
@@ -238,6 +242,8 @@ class Form1 {
   void MouseMove(Obj o, int Button, int Shift, float X, float Y);
   void MouseUp(Obj o, int Button, int Shift, float X, float Y);
   void DblClick(Obj o);
+  // The pointer has left the window.
+  void PointerLeft();
 
   // ---- window/drag.cpp: window shape and drag ---------------------------
   void BeginDrag(int Button, int Shift, float X, float Y);
@@ -249,7 +255,13 @@ class Form1 {
 
   // ---- window/menu.cpp: the popup menu and the tray -----------------------
   void OpenPopupMenu();
+  void OpenPopupMenuFromKeyboard();
   void Form_MouseMove(int Button, int Shift, float X, float Y);
+  // What the desktop tells of the window's way back: whether a tray holds
+  // the icon (when the menu opens, and once a second while the window is
+  // hidden), and whether it has minimised the window itself.
+  void TrayPresence(bool there);
+  void WindowMinimized(bool minimized);
   void mHide_Click();
   void mSound_Click();
   void mAutoShow_Click();

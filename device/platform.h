@@ -84,6 +84,8 @@ class Platform {
   virtual void ProcessEvents() = 0;
   // Open the popup menu at the pointer; returns when it has closed.
   virtual void OpenPopupMenu() = 0;
+  // The same, the menu at the device window.
+  virtual void OpenPopupMenuAtWindow() { OpenPopupMenu(); }
   // Load and show a dialog without blocking, or bring the open one forward.
   virtual void OpenDialog(Dialog dialog) = 0;
   virtual void OpenUrl(const std::string& url) = 0;

@@ -14,7 +14,7 @@ if [ "${1:-}" = "--tests" ]; then
     xvfb openbox xdotool x11-utils x11-xserver-utils x11-xkb-utils imagemagick
     pulseaudio pulseaudio-utils sox util-linux procps libxcb-damage0-dev
     desktop-file-utils appstream groff-base weston xwayland qt6-wayland
-    trayer dbus-daemon dbus-bin at-spi2-core python3-pyatspi
+    trayer dbus-daemon dbus-bin at-spi2-core python3-pyatspi libglib2.0-bin
     clang libclang-rt-14-dev
   )
 fi

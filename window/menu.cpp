@@ -10,6 +10,14 @@ namespace nautrix {
 
 void Form1::OpenPopupMenu() { platform_.OpenPopupMenu(); }
 
+// A menu asked for from the keyboard opens at the pointer only while the
+// pointer is over the device; elsewhere it opens at the device window.
+void Form1::OpenPopupMenuFromKeyboard() {
+  const Point p = platform_.CursorPos();
+  if (Info(Obj::FrontCase).rect.Contains(p.x, p.y)) platform_.OpenPopupMenu();
+  else platform_.OpenPopupMenuAtWindow();
+}
+
 // The tray reports its mouse messages by number, as a pointer X of that many
 // pixels; two of them act (device/platform.h). Events
 // that come while the menu is open are dropped. An X beyond every message
@@ -26,7 +34,29 @@ void Form1::Form_MouseMove(int /*Button*/, int /*Shift*/, float X, float /*Y*/) 
 
 void Form1::mHide_Click() {
   mHide.Checked = !mHide.Checked;
+  TrayMissing = 0;
+  mHide.Enabled = TrayThere || mHide.Checked;
   platform_.ShowWindow(!mHide.Checked);
+}
+
+// Without a tray the icon cannot bring the window back, so "&Hide" is not
+// offered then, unless the window is hidden already. A tray gone for longer
+// than a panel takes to restart (three reports, a second apart) while the
+// window is hidden brings it back through the Hide item's own path.
+void Form1::TrayPresence(bool there) {
+  TrayThere = there;
+  TrayMissing = there || !mHide.Checked ? 0 : TrayMissing + 1;
+  mHide.Enabled = TrayThere || mHide.Checked;
+  if (TrayMissing >= 3) mHide_Click();
+}
+
+// A window that the desktop minimised is out of sight as a hidden one is:
+// the mark says so, and the Hide item's path (the tray's double click, the
+// item itself) brings it back.
+void Form1::WindowMinimized(bool minimized) {
+  mHide.Checked = minimized;
+  TrayMissing = 0;
+  mHide.Enabled = TrayThere || mHide.Checked;
 }
 
 void Form1::mSound_Click() {

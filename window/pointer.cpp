@@ -74,6 +74,12 @@ void Form1::MouseUp(Obj o, int Button, int Shift, float X, float Y) {
   if (IsCase(o) || IsSegment(o)) EndDrag(Button, Shift, X, Y);
 }
 
+// The logo's light follows a hovering pointer, and ends when it leaves the
+// window straight from the logo.
+void Form1::PointerLeft() {
+  if (PressedKey == kNoKey && !SamePicture(Obj::Logo, TPLogo(0))) CopyPicture(TPLogo(0), Obj::Logo);
+}
+
 void Form1::DblClick(Obj o) {
   if (IsCase(o) || IsSegment(o)) mBack_Click();
 }

@@ -1,7 +1,7 @@
 #include "shell/tray/popup_menu.h"
 
 #include <QAction>
-#include <QCursor>
+#include <QTimer>
 #include <iterator>
 
 namespace nautrix {
@@ -9,7 +9,7 @@ namespace {
 
 struct Item {
   const char* caption;         // "-" for a separator
-  MenuItem Form1::*mark;       // the device's check mark, or none
+  MenuItem Form1::*item;       // the device's menu item with its mark, or none
   void (Form1::*click)();      // what choosing it does, or none
 };
 
@@ -28,32 +28,59 @@ const Item kItems[] = {
     {"-", nullptr, nullptr},
     {"&Exit", nullptr, &Form1::mExit_Click},
 };
-constexpr int kHideItem = 0;
 
 }  // namespace
 
-PopupMenu::PopupMenu() {
+PopupMenu::PopupMenu(Form1& form) : form_(form) {
+  Build(own_);
+  Build(tray_);
+  QObject::connect(&exported_, &QMenu::aboutToShow, [this] { Sync(tray_); });
+  QObject::connect(&exported_, &QMenu::triggered, [this](QAction* chosen) {
+    const int i = IndexOf(tray_, chosen);
+    // The tray's call is answered first: Exit must not leave it waiting.
+    if (i < 0) return;
+    QTimer::singleShot(0, &exported_, [this, i] {
+      (form_.*kItems[i].click)();
+      Sync(tray_);
+    });
+  });
+  Sync(tray_);
+}
+
+void PopupMenu::Build(Items& items) {
   for (const Item& item : kItems) {
     if (item.click == nullptr) {
-      actions_.push_back(menu_.addSeparator());
+      items.actions.push_back(items.menu->addSeparator());
       continue;
     }
-    QAction* action = menu_.addAction(QString::fromLatin1(item.caption));
-    action->setCheckable(item.mark != nullptr);
-    actions_.push_back(action);
+    QAction* action = items.menu->addAction(QString::fromLatin1(item.caption));
+    action->setCheckable(item.item != nullptr);
+    items.actions.push_back(action);
   }
 }
 
-void PopupMenu::Exec(Form1& form, bool tray_available) {
+void PopupMenu::Sync(Items& items) {
   for (size_t i = 0; i < std::size(kItems); ++i) {
-    if (kItems[i].mark) actions_[i]->setChecked((form.*kItems[i].mark).Checked);
+    if (!kItems[i].item) continue;
+    const MenuItem& item = form_.*kItems[i].item;
+    items.actions[i]->setChecked(item.Checked);
+    items.actions[i]->setEnabled(item.Enabled);
   }
-  actions_[kHideItem]->setEnabled(tray_available || form.mHide.Checked);
+}
+
+int PopupMenu::IndexOf(const Items& items, const QAction* chosen) const {
+  for (size_t i = 0; i < std::size(kItems); ++i) {
+    if (chosen != nullptr && items.actions[i] == chosen && kItems[i].click && chosen->isEnabled())
+      return static_cast<int>(i);
+  }
+  return -1;
+}
+
+void PopupMenu::Exec(const QPoint& at) {
+  Sync(own_);
   // The item acts after the menu has gone, still inside the caller's wait.
-  QAction* chosen = menu_.exec(QCursor::pos());
-  for (size_t i = 0; i < std::size(kItems); ++i) {
-    if (chosen != nullptr && actions_[i] == chosen) return (form.*kItems[i].click)();
-  }
+  const int i = IndexOf(own_, menu_.exec(at));
+  if (i >= 0) (form_.*kItems[i].click)();
 }
 
 }  // namespace nautrix

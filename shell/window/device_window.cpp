@@ -1,5 +1,6 @@
 #include "shell/window/device_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -39,6 +40,8 @@ DeviceWindow::DeviceWindow(Form1& form)
   winId();
   client_pos_ = pos();
   InstallDeviceAccessible(*this, form);
+  if (QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
+    system_move_ = [this] { return windowHandle()->startSystemMove(); };
 }
 
 void DeviceWindow::MoveClientTo(const QPoint& pos) {
@@ -71,6 +74,7 @@ bool DeviceWindow::event(QEvent* event) {
       type == QEvent::MouseButtonDblClick) {
     keys_.Flush();
   }
+  if (type == QEvent::Leave) form_.PointerLeft();
   if (type != QEvent::ToolTip) return QWidget::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
   const QPoint client = ClientPoint(help->globalPos());
@@ -115,6 +119,7 @@ void DeviceWindow::mousePressEvent(QMouseEvent* event) {
   const int button = ButtonCode(event->button());
   if (button == 0) return;
   if (!TakePointer(event)) return;
+  press_at_ = event->globalPosition().toPoint();
   const QPointF xy = Twips(captured_, event->globalPosition());
   form_.MouseDown(captured_, button, ShiftState(event->modifiers()), xy.x(), xy.y());
 }
@@ -135,7 +140,17 @@ void DeviceWindow::mouseMoveEvent(QMouseEvent* event) {
     if (o == Obj::Count) return;
   }
   const QPointF xy = Twips(o, event->globalPosition());
-  form_.MouseMove(o, buttons, ShiftState(event->modifiers()), xy.x(), xy.y());
+  const int shift = ShiftState(event->modifiers());
+  // The compositor's move starts only once the pointer has really moved, so
+  // that a click, and a double click that turns the device over, stay what
+  // they are. It keeps the release to itself: the drag ends here.
+  if (system_move_ && form_.Dragging && buttons == 1) {
+    const int way = (event->globalPosition().toPoint() - press_at_).manhattanLength();
+    if (way < QApplication::startDragDistance() || !system_move_()) return;
+    captured_ = Obj::Count;
+    return form_.MouseUp(o, 1, shift, xy.x(), xy.y());
+  }
+  form_.MouseMove(o, buttons, shift, xy.x(), xy.y());
 }
 
 void DeviceWindow::mouseReleaseEvent(QMouseEvent* event) {
@@ -163,18 +178,20 @@ void DeviceWindow::moveEvent(QMoveEvent* event) {
   if (!settle_.isActive()) client_pos_ = event->pos();
 }
 
+// The desktop minimised the window or gave it back.
+void DeviceWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::WindowStateChange || isMinimized() == minimized_) return;
+  minimized_ = isMinimized();
+  form_.WindowMinimized(minimized_);
+}
+
 void DeviceWindow::closeEvent(QCloseEvent* event) {
   // Closed by the window manager: the device unloads as from its menu.
-  if (unloaded_) return event->accept();
-  unloaded_ = true;
+  event->accept();
+  if (std::exchange(unloaded_, true)) return;
   int cancel = 0;
   form_.Form_Unload(cancel);
-  if (cancel != 0) {
-    unloaded_ = false;
-    event->ignore();
-    return;
-  }
-  event->accept();
 }
 
 }  // namespace nautrix

@@ -31,6 +31,10 @@ class DeviceWindow : public QWidget {
   Obj Captured() const { return captured_; }
   // `work` runs once, from the event loop, after the first frame is painted.
   void AfterFirstFrame(std::function<void()> work) { after_first_frame_ = std::move(work); }
+  // Where the program may not move its own window (native Wayland), a drag
+  // of the case asks the compositor to move it: `start` asks, true when the
+  // compositor took the move. Empty where the device moves its window.
+  void SetSystemMove(std::function<bool()> start) { system_move_ = std::move(start); }
 
  protected:
   bool event(QEvent* event) override;
@@ -42,6 +46,7 @@ class DeviceWindow : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   // Tab is a key of the device like any other, not a focus move.
   bool focusNextPrevChild(bool) override { return false; }
@@ -62,7 +67,10 @@ class DeviceWindow : public QWidget {
   // the device sees, so a move the window manager refused is not believed.
   QTimer settle_;
   bool unloaded_ = false;
+  bool minimized_ = false;  // as the device was last told
   std::function<void()> after_first_frame_;
+  std::function<bool()> system_move_;
+  QPoint press_at_;  // screen point of the last press
 };
 
 }  // namespace nautrix

@@ -17,6 +17,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+#include <vector>
+
+#include <xcb/xcb.h>
 
 #include "dialogs/qt/dialog_windows.h"
 #include "dialogs/qt/link_opener.h"
@@ -70,6 +76,56 @@ int PixelFromTwips(float twips, int frame) {
 }
 
 int Modulo(int value, int period) { return (value % period + period) % period; }
+
+xcb_atom_t Atom(xcb_connection_t* connection, const char* name) {
+  xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
+      connection, xcb_intern_atom(connection, 0, static_cast<uint16_t>(strlen(name)), name), nullptr);
+  const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+  std::free(reply);
+  return atom;
+}
+
+// Keeps the window above others or not. On X11 the window manager is asked
+// directly, as Qt would: Qt 6.4 makes a new X window at the next show of a
+// window whose stays-on-top flag changed. A window on the screen is
+// restacked by a message to the manager; a withdrawn one carries the state
+// in its property, which the manager reads when it is mapped.
+void SetWindowAbove(QWindow& window, bool above) {
+  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  xcb_connection_t* connection = x11 != nullptr ? x11->connection() : nullptr;
+  if (connection == nullptr) return window.setFlag(Qt::WindowStaysOnTopHint, above);
+  const auto id = static_cast<xcb_window_t>(window.winId());
+  const xcb_atom_t state = Atom(connection, "_NET_WM_STATE");
+  const xcb_atom_t above_atom = Atom(connection, "_NET_WM_STATE_ABOVE");
+  if (window.isVisible()) {
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = id;
+    message.type = state;
+    message.data.data32[0] = above ? 1 : 0;  // add or remove
+    message.data.data32[1] = above_atom;
+    message.data.data32[3] = 1;  // from an application
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    xcb_send_event(connection, 0, root,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&message));
+  } else {
+    std::vector<xcb_atom_t> atoms;
+    xcb_get_property_reply_t* reply = xcb_get_property_reply(
+        connection, xcb_get_property(connection, 0, id, state, XCB_ATOM_ATOM, 0, 64), nullptr);
+    if (reply != nullptr && reply->format == 32) {
+      const auto* first = static_cast<const xcb_atom_t*>(xcb_get_property_value(reply));
+      atoms.assign(first, first + xcb_get_property_value_length(reply) / 4);
+    }
+    std::free(reply);
+    atoms.erase(std::remove(atoms.begin(), atoms.end(), above_atom), atoms.end());
+    if (above) atoms.push_back(above_atom);
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, state, XCB_ATOM_ATOM, 32,
+                        static_cast<uint32_t>(atoms.size()), atoms.data());
+  }
+  xcb_flush(connection);
+}
 
 }  // namespace
 
@@ -319,18 +375,25 @@ void QtPlatform::BringOnScreen() {
   if (shown != stored) window_->MoveClientTo(shown);
 }
 
+// A window the desktop minimised comes back too. The window manager may
+// have dropped the hidden window's stacking; it gets it again before it is
+// mapped.
 void QtPlatform::ShowWindow(bool shown) {
   Wake();
   if (!shown) FinishStart();
+  if (shown) {
+    SetWindowAbove(*window_->windowHandle(), topmost_);
+    window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
+  }
   window_->setVisible(shown);
   if (tray_) tray_->WatchWhileHidden(!shown);
 }
 
-// Only the window manager's state changes: QWidget::setWindowFlag would
-// destroy and re-create the window, and show a hidden one.
+// Only the window manager's state changes: the native window lives for the
+// run.
 void QtPlatform::SetTopmost(bool topmost) {
-  if (QWindow* handle = window_->windowHandle())
-    handle->setFlag(Qt::WindowStaysOnTopHint, topmost);
+  topmost_ = topmost;
+  SetWindowAbove(*window_->windowHandle(), topmost);
 }
 
 void QtPlatform::ObjectChanged(Obj object) {
@@ -350,10 +413,26 @@ void QtPlatform::SetDialogTopmost(Dialog dialog, bool topmost) {
 
 // ---- The popup menu and the tray ----------------------------------------------------
 
-// The menu lives for the run once it has been opened.
+// The menu lives for the run once it has been opened or given to a tray.
+PopupMenu& QtPlatform::Menu() {
+  if (!menu_) menu_ = std::make_unique<PopupMenu>(*form_);
+  return *menu_;
+}
+
+// At the pointer, or where a tray on D-Bus asked for it. The device hears
+// first whether a tray is there to offer "&Hide" for.
 void QtPlatform::OpenPopupMenu() {
-  if (!menu_) menu_ = std::make_unique<PopupMenu>();
-  menu_->Exec(*form_, TrayIcon::Available());
+  const std::optional<QPoint> asked = tray_ ? tray_->MenuPoint() : std::nullopt;
+  OpenMenuAt(asked.value_or(QCursor::pos()));
+}
+
+void QtPlatform::OpenPopupMenuAtWindow() {
+  OpenMenuAt(window_->ClientPos() + window_->rect().center());
+}
+
+void QtPlatform::OpenMenuAt(const QPoint& at) {
+  form_->TrayPresence(TrayIcon::Available());
+  Menu().Exec(at);
 }
 
 // The program's icon, as the device window already has it. Reaching the tray
@@ -361,7 +440,9 @@ void QtPlatform::OpenPopupMenu() {
 // wait for.
 void QtPlatform::AddTrayIcon() {
   tray_wanted_ = true;
-  if (started_) tray_ = std::make_unique<TrayIcon>(*form_, window_->windowIcon());
+  if (!started_) return;
+  tray_ = std::make_unique<TrayIcon>(*form_, window_->windowIcon(), Menu());
+  form_->TrayPresence(TrayIcon::Available());
 }
 
 void QtPlatform::RemoveTrayIcon() {

@@ -104,6 +104,7 @@ class QtPlatform : public Platform {
   void ObjectChanged(Obj object) override;
   void ProcessEvents() override;
   void OpenPopupMenu() override;
+  void OpenPopupMenuAtWindow() override;
   void OpenDialog(Dialog dialog) override;
   void OpenUrl(const std::string& url) override;
   void AddTrayIcon() override;
@@ -115,6 +116,8 @@ class QtPlatform : public Platform {
   void Timer1Fired();
   int MsToNextSecond() const;
   void WatchComputerClock();  // arms the watch that setting the clock cancels
+  PopupMenu& Menu();
+  void OpenMenuAt(const QPoint& at);
 
   Form1* form_ = nullptr;
   DeviceWindow* window_ = nullptr;
@@ -131,6 +134,7 @@ class QtPlatform : public Platform {
   bool quit_requested_ = false;
   bool started_ = false;      // FinishStart has run
   bool tray_wanted_ = false;  // the device asked for the tray before FinishStart
+  bool topmost_ = false;      // the window's stacking as the device last set it
   int clock_offset_ms_ = 0;      // the device clock less the computer's, 0 to a day
   // Where the window came up less where the store put it, until the device
   // first moves it: the device reads its stored place meanwhile, so a click

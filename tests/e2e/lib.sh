@@ -288,14 +288,16 @@ e2e_pointer_to() {
 # True while the device window is on the screen.
 e2e_window_shown() { xdotool search --onlyvisible --name '^Nautrix$' >/dev/null 2>&1; }
 
-# True while a popup of the program is open: a visible window of its PID
-# that is neither the device window nor a small tray icon.
+# True while a popup menu of the program is open: a visible window of its
+# PID that the window manager does not frame (not a dialog) and taller than
+# a tooltip. Prints its place, "x y".
 e2e_menu_open() {
   local w WINDOW X Y WIDTH HEIGHT SCREEN
   for w in $(xdotool search --onlyvisible --all --pid "$E2E_APP" 2>/dev/null); do
-    [ "$w" = "$E2E_WIN" ] && continue
     eval "$(xdotool getwindowgeometry --shell "$w" 2>/dev/null)" || continue
-    [ "$WIDTH" -gt 24 ] && return 0
+    [ "$HEIGHT" -gt 60 ] && xwininfo -id "$w" 2>/dev/null | grep -q 'Override Redirect State: yes' || continue
+    echo "$X $Y"
+    return 0
   done
   return 1
 }

@@ -2,8 +2,12 @@
 # The icon in a StatusNotifier tray, the kind on D-Bus that most current
 # panels are: a host of the tests' own on a private session bus sees the item
 # register with the tip "Nautrix"; its activation hides the device and a
-# second shows it; its context request opens the menu; a host that restarts
-# gets the item again.
+# second shows it; the item's menu, as the host draws it, has the device's
+# items and marks as they are when it opens, and its items act (Always on
+# Top restacks the window, Exit ends the program and leaves the store
+# whole); the host's context request is answered at once and opens the
+# device's menu where the host said; a host that restarts gets the item
+# again.
 source "$(dirname "$0")/lib.sh"
 app=$1
 host="$(dirname "$app")/nautrix_status_notifier_host"
@@ -41,12 +45,50 @@ e2e_wait_for 3 hidden || e2e_fail "the activation did not hide the window"
 item Activate
 e2e_wait_for 3 e2e_window_shown || e2e_fail "a second activation did not show the window"
 
-e2e_pointer_to 500 400
-item ContextMenu
+# The menu as the host shows it, after telling the item it is about to:
+# "ID<tab>caption", a "+" after a checked one, a "!" before one not offered.
+menu() {
+  gdbus call --session --dest "$ITEM" --object-path /MenuBar \
+    --method com.canonical.dbusmenu.AboutToShow 0 >/dev/null
+  gdbus call --session --dest "$ITEM" --object-path /MenuBar \
+    --method com.canonical.dbusmenu.GetLayout -- 0 -1 '[]' | grep -o "<([0-9]*, {[^}]*}" |
+    sed -E "s/'type': <'separator'>/'label': <'-'>/" |
+    awk '{ label = $0; sub(/.*.label.: <./, "", label); sub(/.>.*/, "", label)
+           id = $1; sub(/<\(/, "", id); sub(/,/, "", id)
+           print id "\t" (/enabled.: <false>/ ? "!" : "") label (/toggle-state.: <1>/ ? "+" : "") }'
+}
+click() {
+  local id
+  id=$(menu | awk -F '\t' -v c="$1" '$2 ~ "^" c { print $1 }')
+  gdbus call --session --dest "$ITEM" --object-path /MenuBar \
+    --method com.canonical.dbusmenu.Event -- "$id" clicked '<0>' 0 >/dev/null
+}
+e2e_expect_eq "$(menu | cut -f2 | paste -sd,)" \
+  "_Hide,_Sound+,A_uto Show+,Always on _Top,_Back,-,_Options...,_Instructions...,_About...,-,_Exit" \
+  "the item's menu"
+e2e_key s b
+e2e_expect_eq "$(menu | cut -f2 | head -n 5 | paste -sd,)" "_Hide,_Sound,A_uto Show+,Always on _Top,_Back+" \
+  "the marks after S and B"
+click "Always on _Top"
+e2e_wait_for 3 sh -c "xprop -id $E2E_WIN _NET_WM_STATE | grep -q _NET_WM_STATE_ABOVE" ||
+  e2e_fail "Always on Top from the item's menu did not restack the window"
+
+e2e_pointer_to 100 100
+dbus-send --session --print-reply --reply-timeout=1000 --dest="$ITEM" /StatusNotifierItem \
+  org.kde.StatusNotifierItem.ContextMenu int32:600 int32:300 >/dev/null ||
+  e2e_fail "the context request was not answered at once"
 e2e_wait_for 3 e2e_menu_open || e2e_fail "the context request opened no menu"
+e2e_expect_eq "$(e2e_menu_open)" "600 300" "the context request's menu"
 xdotool key Escape
 e2e_wait_for 3 eval '! e2e_menu_open' || e2e_fail "Escape did not close the menu"
 
 kill "$HOST"
 start_host "$E2E_DIR/items-again"
 e2e_wait_for 5 test -s "$E2E_DIR/items-again" || e2e_fail "the item did not come back to a new host"
+
+before=$(md5sum "$(e2e_store)")
+click "_Exit"
+status=0
+wait "$E2E_APP" || status=$?
+[ "$status" -eq 0 ] || e2e_fail "Exit from the item's menu ended the program with status $status"
+[ "$(md5sum "$(e2e_store)")" = "$before" ] || e2e_fail "Exit from the item's menu wrote the store"

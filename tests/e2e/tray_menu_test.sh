@@ -1,12 +1,14 @@
 #!/usr/bin/env bash
 # The tray and the popup menu as a user meets them, in a real X server with a
 # real X11 tray: with no tray "&Hide" cannot be chosen, a tray that comes
-# later gets the icon; a double click on the icon hides and shows the device;
-# a right click on the case and Enter open the menu, whose letters choose;
-# Always on Top restacks the one window, also across hiding; the tray
-# restarting gets the icon back, a tray gone for good brings the window back;
-# the alarm brings a hidden window back; "&Exit" ends with status 0 and leaves
-# the store as it was; the next start is on top.
+# later gets the icon; a double click on the icon hides and shows the device,
+# also one the window manager minimised; a right click on the case opens the
+# menu at the pointer, Enter at the device when the pointer is elsewhere, the
+# icon's at the right button's release; the letters choose; Always on Top
+# restacks the one window, which lives on across hiding; the tray restarting
+# gets the icon back, a tray gone for good brings the window back; the alarm
+# brings a hidden window back; "&Exit" ends with status 0 and leaves the store
+# as it was; the next start is on top.
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
@@ -14,13 +16,14 @@ store=$(e2e_store)
 e2e_write_store
 e2e_start_app "$app"
 
-# Clicks the icon in the tray: xdotool's click arguments.
-click_icon() {
+# Puts the pointer on the icon in the tray, and clicks it: xdotool's click
+# arguments.
+to_icon() {
   local icon
   icon=($(e2e_tray_icon)) || e2e_fail "no icon in the tray"
   e2e_pointer_to "${icon[1]}" "${icon[2]}"
-  xdotool click "$@"
 }
+click_icon() { to_icon && xdotool click "$@"; }
 double_click_icon() { click_icon --repeat 2 --delay 80 1; }
 # Opens the menu by Enter and chooses an item by its letter.
 menu_enter() {
@@ -52,11 +55,36 @@ e2e_wait_for 3 hidden || e2e_fail "a double click on the icon did not hide the w
 double_click_icon
 e2e_wait_for 3 e2e_window_shown || e2e_fail "a second double click did not show the window"
 
-# --- A right click on the case opens the menu; T sets Always on Top on the
-#     same window and stores it.
+# --- The window manager minimises the device: the icon's double click, and
+#     the tray's menu's Hide, bring it back.
+minimize() {
+  xdotool windowminimize "$E2E_WIN"
+  e2e_wait_for 3 hidden || e2e_fail "the window manager did not minimise the window"
+}
+minimize
+double_click_icon
+e2e_wait_for 3 e2e_window_shown || e2e_fail "a double click did not bring the minimised window back"
+minimize
+click_icon 3
+e2e_wait_for 3 e2e_menu_open || e2e_fail "a right click on the icon opened no menu"
+xdotool key h
+e2e_wait_for 3 e2e_window_shown || e2e_fail "Hide did not bring the minimised window back"
+
+# --- Enter with the pointer away opens the menu at the device.
+e2e_pointer_to 700 500
+e2e_key Return
+e2e_wait_for 3 e2e_menu_open || e2e_fail "Enter opened no menu"
+read -r x y < <(e2e_menu_open)
+[ "$x" -lt 333 ] && [ "$y" -lt 198 ] || e2e_fail "Enter's menu opened at $x $y, away from the device"
+xdotool key Escape
+e2e_wait_for 3 eval '! e2e_menu_open' || e2e_fail "Escape did not close the menu"
+
+# --- A right click on the case opens the menu at the pointer; T sets Always
+#     on Top on the same window and stores it.
 e2e_pointer_to 200 180
 xdotool click 3
 e2e_wait_for 3 e2e_menu_open || e2e_fail "a right click on the case opened no menu"
+e2e_expect_eq "$(e2e_menu_open)" "200 180" "the right click's menu"
 xdotool key t
 e2e_wait_for 3 on_top || e2e_fail "Always on Top did not reach the window manager"
 [ "$(xdotool search --onlyvisible --name '^Nautrix$')" = "$E2E_WIN" ] ||
@@ -65,14 +93,18 @@ e2e_expect_setting 'Always on Top' True "Always on Top stored"
 
 # --- H from Enter's menu hides the window; it comes back from the tray's
 #     menu, still on top.
+# The icon's menu opens at the right button's release, not at its press.
 menu_enter h
 e2e_wait_for 3 hidden || e2e_fail "Hide from the menu did not hide the window"
-click_icon 3
+to_icon
+xdotool mousedown 3
+sleep 0.5
+! e2e_menu_open >/dev/null || e2e_fail "the icon's menu opened at the right press"
+xdotool mouseup 3
 e2e_wait_for 3 e2e_menu_open || e2e_fail "a right click on the icon opened no menu"
 xdotool key h
 e2e_wait_for 3 e2e_window_shown || e2e_fail "Hide from the tray's menu did not show the window"
-# Qt gives a window whose stacking changed a new X window at its next show.
-E2E_WIN=$(xdotool search --onlyvisible --name '^Nautrix$' | head -n1)
+e2e_expect_eq "$(xdotool search --onlyvisible --name '^Nautrix$')" "$E2E_WIN" "the window after hiding"
 on_top || e2e_fail "the window lost Always on Top across hiding"
 e2e_expect_position "0 0" "the window across hiding"
 

@@ -95,6 +95,10 @@ class FakePlatform : public Platform {
     if (events) events();
     while_menu_open = std::move(events);
   }
+  void OpenPopupMenuAtWindow() override {
+    calls.push_back("AtWindow");
+    OpenPopupMenu();
+  }
   void OpenDialog(Dialog dialog) override { calls.push_back("Open " + Name(dialog)); }
   void OpenUrl(const std::string& url) override { calls.push_back("OpenUrl " + url); }
   void AddTrayIcon() override { calls.push_back("AddTrayIcon"); }

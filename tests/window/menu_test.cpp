@@ -40,6 +40,44 @@ TEST_F(MenuAndTray, OnlyTheDoubleClickAndTheRightReleaseOfTheTrayAct) {
   EXPECT_FALSE(form.TrayBusy || form.mHide.Checked);
 }
 
+// The desktop's word on the way back decides "&Hide": offered only while a
+// tray holds the icon or the window is hidden; hidden, a tray missing from
+// three reports in a row (a second apart) brings the window back, a tray back
+// in time does not. A window the desktop minimised counts as hidden: the mark
+// says so and the tray's double click restores it.
+TEST_F(MenuAndTray, TheTrayAndTheDesktopDecideTheWayBack) {
+  EXPECT_FALSE(form.mHide.Enabled);
+  form.TrayPresence(true);
+  Tray(form, 515);
+  const auto reports = [this](std::initializer_list<bool> theres) {
+    for (bool there : theres) form.TrayPresence(there);
+    return std::string(form.mHide.Checked ? "hidden" : "shown") + (form.mHide.Enabled ? "" : " no Hide");
+  };
+  EXPECT_EQ(reports({false, false, true, false, false}), "hidden");
+  EXPECT_EQ(reports({false}), "shown no Hide");
+  EXPECT_EQ(Joined(fake.calls), "HideWindow;ShowWindow");
+  EXPECT_EQ(reports({true}), "shown");
+  form.WindowMinimized(true);
+  EXPECT_EQ(reports({}), "hidden");
+  Tray(form, 515);
+  EXPECT_EQ(reports({}), "shown");
+  EXPECT_EQ(fake.calls.back(), "ShowWindow");
+}
+
+// Enter and the Menu key open the menu at the pointer while it is over the
+// device, and at the device window while it is elsewhere. The logo's light
+// ends when the pointer leaves the window.
+TEST_F(MenuAndTray, AMenuFromTheKeyboardOpensAtTheDeviceAndTheLogoDimsWhenThePointerLeaves) {
+  MoveTo({332, 197});
+  Keys({13, -13});
+  MoveTo({333, 100});
+  Keys({93, -93});
+  EXPECT_EQ(Joined(fake.calls), "PopupMenu;AtWindow;PopupMenu");
+  form.Logo_MouseMove(0, 0, 0, 0);
+  form.PointerLeft();
+  EXPECT_TRUE(Shows(Obj::Logo, TPLogo(0)));
+}
+
 // Which presses open the menu: the case's right press and the logo's only
 // while the pointer holds nothing (the logo's not while the keyboard holds a
 // key); a segment's any press but the left; a key's any press but the left,

@@ -148,6 +148,29 @@ TEST(Placement, ADeviceOffTheScreensComesUpWhollyOnTheNearest) {
     EXPECT_EQ(OnScreen(QRect(stored, QSize(333, 198)), kScreens), shown) << stored.x();
 }
 
+// Where only the compositor may move a window (native Wayland), a drag of
+// the case asks it to, once the pointer has really moved, and the drag ends
+// there; a click and a double click stay what they are. Leaving the window
+// ends the logo's light.
+TEST_F(DeviceWindowTest, WhereTheCompositorMovesWindowsTheCaseAsksItTo) {
+  int moves = 0;
+  window.SetSystemMove([&] { return ++moves, true; });
+  const QPoint grip = Inside(Obj::FrontCase, 200, 150);
+  Press(grip);
+  MoveTo(window.ClientPos() + grip + QPoint(1, 0));
+  Release(grip);
+  Mouse(QEvent::MouseButtonDblClick, grip, Qt::LeftButton, Qt::LeftButton);
+  EXPECT_TRUE(form.mBack.Checked && moves == 0);
+  Press(grip);
+  MoveTo(window.ClientPos() + grip + QPoint(40, 0));
+  MoveTo(window.ClientPos() + grip + QPoint(80, 0));
+  EXPECT_TRUE(moves == 1 && !form.Dragging && window.ClientPos() == QPoint(100, 100));
+  form.Logo_MouseMove(0, 0, 0, 0);
+  QEvent leave(QEvent::Leave);
+  QCoreApplication::sendEvent(&window, &leave);
+  EXPECT_TRUE(form.SamePicture(Obj::Logo, TPLogo(0)));
+}
+
 // Keys as an X server reports them (Qt's key, native scan code and keysym)
 // where no layout of the e2e tier's (US, French, German, Russian) goes: a
 // Cyrillic letter at a place with no Latin letter, the keypad, a key with
@@ -157,7 +180,8 @@ TEST(KeyCodes, TheDesktopsKeysInTheDevicesCodes) {
   const struct { int key; Qt::KeyboardModifiers mods; quint32 scan, sym; int code; } kKeys[] = {
       {0x416, {}, 47, 0x6d6, 0},  {Qt::Key_Apostrophe, {}, 24, '\'', 222},
       {Qt::Key_1, kPad, 87, 0xffb1, 97},  // the keypad's digits: codes no device key has
-      {Qt::Key_Down, kPad, 0, 0, 40},     {Qt::Key_T, Qt::AltModifier, 0, 0, 84}};
+      {Qt::Key_Down, kPad, 0, 0, 40},     {Qt::Key_T, Qt::AltModifier, 0, 0, 84},
+      {Qt::Key_Menu, {}, 135, 0xff67, 93}, {Qt::Key_F10, Qt::ShiftModifier, 76, 0xffc7, 93}};
   for (const auto& k : kKeys)
     EXPECT_EQ(VirtualKeyCode(k.key, k.mods, k.scan, k.sym), k.code) << std::hex << k.key;
 }
