@@ -23,6 +23,9 @@ class PopupMenu {
   // to show them, each acting as from the device, once the tray's call has
   // been answered.
   QMenu* Exported() { return &exported_; }
+  // The tray's items show the device's marks now, for trays that do not say
+  // when they are about to show them.
+  void SyncExported() { Sync(tray_); }
   // The menu of Exec while it is open.
   bool IsOpen() const { return menu_.isVisible(); }
 

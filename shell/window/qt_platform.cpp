@@ -387,6 +387,7 @@ void QtPlatform::ShowWindow(bool shown) {
   }
   window_->setVisible(shown);
   if (tray_) tray_->WatchWhileHidden(!shown);
+  if (menu_) menu_->SyncExported();
 }
 
 // Only the window manager's state changes: the native window lives for the
@@ -441,8 +442,8 @@ void QtPlatform::OpenMenuAt(const QPoint& at) {
 void QtPlatform::AddTrayIcon() {
   tray_wanted_ = true;
   if (!started_) return;
-  tray_ = std::make_unique<TrayIcon>(*form_, window_->windowIcon(), Menu());
   form_->TrayPresence(TrayIcon::Available());
+  tray_ = std::make_unique<TrayIcon>(*form_, window_->windowIcon(), Menu());
 }
 
 void QtPlatform::RemoveTrayIcon() {
