@@ -17,11 +17,10 @@ DialogWindows::~DialogWindows() {
 }
 
 // The window is known before its load, which sets its stacking. Its icon is
-// the device window's.
+// the program's, as the device window's.
 template <typename Window>
 void DialogWindows::Load(Dialog dialog) {
   auto* window = new Window(device_);
-  window->setWindowIcon(device_window_.windowIcon());
   open_[Slot(dialog)] = window;
   window->Load();
 }

@@ -28,7 +28,6 @@ DeviceWindow::DeviceWindow(Form1& form)
       keys_(form, AskDetectableAutoRepeat()) {
   setFixedSize(333, 198);
   setWindowTitle(QStringLiteral("Nautrix"));
-  setWindowIcon(AppIcon());
   setAttribute(Qt::WA_OpaquePaintEvent);  // the case covers every pixel
   setMouseTracking(true);                 // the logo lights under a hovering pointer
   setFocusPolicy(Qt::StrongFocus);

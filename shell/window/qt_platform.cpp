@@ -8,6 +8,7 @@
 #include <QCursor>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QGuiApplication>
 #include <QRegion>
 #include <QScreen>
 #include <QRegularExpression>
@@ -28,6 +29,7 @@
 #include "dialogs/qt/link_opener.h"
 #include "shell/window/device_window.h"
 #include "shell/tray/popup_menu.h"
+#include "shell/pictures/built_pictures.h"
 #include "shell/tray/tray_icon.h"
 
 namespace nautrix {
@@ -187,6 +189,9 @@ void QtPlatform::Attach(Form1& form, DeviceWindow& window) {
 void QtPlatform::FinishStart() {
   if (started_) return;
   started_ = true;
+  // The program's icon, for every window of it that has none of its own: a
+  // frameless device shows it only in the desktop's lists of windows.
+  QGuiApplication::setWindowIcon(AppIcon());
   voice_.OpenOutput();
   const QString folder = QString::fromStdString(ProgramFolder());
   for (const char* name : kWaveFiles) voice_.Preload(folder + '/' + QLatin1String(name));
