@@ -104,6 +104,10 @@ shell/window/qt_platform.cpp: constexpr int kFrameTopTwips = 330; => constexpr i
 shell/pictures/built_pictures.cpp: if (device_pixel_ratio != 1) => if (device_pixel_ratio > 2)
 dialogs/qt/dialog_frame.cpp: if (second) second->setFocus(Qt::TabFocusReason); =>
 dialogs/qt/about_dialog.cpp: palette.setColor(QPalette::WindowText, QColor(c.red, c.green, c.blue)); =>
+dialogs/qt/options_dialog.cpp: const bool toward_min = (key == Qt::Key_Left) != isRightToLeft(); => const bool toward_min = key == Qt::Key_Right;
+dialogs/qt/dialog_frame.cpp: if (isMinimized()) showNormal(); =>
+dialogs/qt/link_opener.cpp: const Hushed quiet; =>
+dialogs/qt/dialog_frame.cpp: if (scale_ >= 3 * first || LayoutFaults(*this).isEmpty()) return; => return;
 EOF
 )
 if [ $list = qt ]; then

@@ -168,8 +168,7 @@ void DialogFrame::PlaceCentred() {
 }
 
 void DialogFrame::BringForward() {
-  setWindowState((windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
-  show();
+  if (isMinimized()) showNormal();
   raise();
   activateWindow();
 }
