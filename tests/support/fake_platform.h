@@ -47,7 +47,7 @@ class FakePlatform : public Platform {
   // Sets the device clock to h:m:s, 24-hour.
   void SetDeviceTime(int h, int m, int s) { seconds = h * 3600 + m * 60 + s; }
   void AdvanceSeconds(int n) { seconds = (seconds + n) % (24 * 3600); }
-  // A store as the program leaves it after its first run.
+  // A store holding every key at its default.
   void FillDefaultStore();
 
   // ---- Platform ---------------------------------------------------------------
