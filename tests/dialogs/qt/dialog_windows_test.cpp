@@ -4,15 +4,13 @@
 // runs set QT_SCALE_FACTOR) and find every caption whole.
 #include <QApplication>
 #include <QCheckBox>
-#include <QEventLoop>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
-#include <QTemporaryDir>
 #include <QScrollBar>
-#include <QTimer>
+#include <QTemporaryDir>
 #include <cstdio>
 #include <unistd.h>
 
@@ -43,12 +41,6 @@ T* Find(QWidget* window, const QString& text) {
     if (w->text() == text) return w;
   ADD_FAILURE() << "no control " << text.toStdString();
   return nullptr;
-}
-
-void Wait(int ms) {
-  QEventLoop loop;
-  QTimer::singleShot(ms, &loop, &QEventLoop::quit);
-  loop.exec();
 }
 
 class DialogWindowsTest : public ::testing::Test, protected DesktopDevice {
