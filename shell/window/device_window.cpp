@@ -56,7 +56,9 @@ void DeviceWindow::MoveClientTo(const QPoint& pos) {
 void DeviceWindow::ObjectChanged(Obj o) {
   const Rect r = form_.ObjectRect(o);
   update(r.left, r.top, r.width, r.height);
-  DeviceAccessibleChanged(*this, o);
+  // Nobody reads a window before its first frame; asking whether anybody
+  // listens would connect to the session bus before that frame.
+  if (framed_) DeviceAccessibleChanged(*this, o);
 }
 
 QPointF DeviceWindow::Twips(Obj o, const QPointF& global) const {
@@ -97,6 +99,7 @@ void DeviceWindow::paintEvent(QPaintEvent* event) {
   if (!book_ || book_->devicePixelRatio() != dpr) book_ = PicturesFor(dpr);
   QPainter painter(this);
   PaintDevice(painter, form_, *book_, event->region());
+  framed_ = true;
   if (after_first_frame_) QTimer::singleShot(0, this, std::exchange(after_first_frame_, {}));
 }
 

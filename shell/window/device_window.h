@@ -69,6 +69,7 @@ class DeviceWindow : public QWidget {
   bool unloaded_ = false;
   bool minimized_ = false;  // as the device was last told
   std::function<void()> after_first_frame_;
+  bool framed_ = false;  // the first frame has been painted
   std::function<bool()> system_move_;
   QPoint press_at_;  // screen point of the last press
 };
