@@ -171,7 +171,9 @@ TEST_F(DialogWindowsTest, EveryCaptionWholeAtEveryScaleAndFont) {
       EXPECT_EQ(LayoutFaults(*open).join("; ").toStdString(), "") << larger;
       const int i = static_cast<int>(dialog);
       if (larger == 0) usual[i] = open->size();
-      if (larger == 2 && dialog != Dialog::Instructions) EXPECT_GT(open->width(), usual[i].width());
+      if (larger == 2 && dialog != Dialog::Instructions) {
+        EXPECT_GT(open->width(), usual[i].width());
+      }
       if (dialog == Dialog::About) {
         Find<QPushButton>(open, "&OK")->resize(20, 10);
         EXPECT_NE(LayoutFaults(*open).join(""), "");
