@@ -74,42 +74,5 @@ TEST_F(TimerTick, TheIdleReadoutStandsWhileTimeIsHeldOrAScoreStands) {
   EXPECT_EQ(Readout(), "--12 ");
 }
 
-// Timer1 may sleep to the next second only where no beat before it moves
-// anything: the idle screen, and the back of the device, in front of a game
-// as well. A game, a setting mode, a key held by either route and a drag of
-// the case keep the beat.
-struct SleepRow {
-  Mode mode;
-  By by;
-  Obj held;  // Obj::Count: none
-  bool back, sleeps;
-};
-struct SleepScene : Scene {
-  void TestBody() override {}
-  bool Sleeps(const SleepRow& row) {
-    SetUp();
-    Enter(row.mode);
-    if (row.held != Obj::Count) Down(row.by, row.held);
-    if (row.back) form.mBack_Click();
-    Tick();
-    return form.MaySleepToNextSecond();
-  }
-};
-
-TEST_F(TimerTick, TheDeviceMaySleepOnlyWhereNoBeatBeforeTheNextSecondMovesAnything) {
-  const SleepRow rows[] = {
-      {Mode::Idle, By::Pointer, Obj::Count, 0, 1},
-      {Mode::Game, By::Pointer, Obj::Count, 1, 1},
-      {Mode::Game, By::Pointer, Obj::Count, 0, 0},
-      {Mode::GameOver, By::Pointer, Obj::Count, 0, 0},
-      {Mode::AlarmSet, By::Pointer, Obj::Count, 0, 0},
-      {Mode::ClockSet, By::Pointer, Obj::Count, 0, 0},
-      {Mode::Idle, By::Pointer, Obj::TimeButton, 0, 0},
-      {Mode::Idle, By::Keyboard, Obj::TimeButton, 0, 0},
-      {Mode::Idle, By::Pointer, Obj::FrontCase, 0, 0},
-  };
-  for (const SleepRow& row : rows) EXPECT_EQ(SleepScene().Sleeps(row), row.sleeps) << &row - rows;
-}
-
 }  // namespace
 }  // namespace nautrix

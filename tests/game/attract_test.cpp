@@ -25,25 +25,5 @@ TEST_F(Demo, TheTripTakesSeventeenSeconds) {
   EXPECT_EQ(Sea(), "-rr 1:0 00000 -");
 }
 
-// A new game clears the sea floor from whatever the demo left, shows its
-// mark and a score of 0, and takes its pace; a running game is neither
-// restarted nor cleared. EndGame leaves one capture beat for the idle
-// screen and touches no picture of the playfield.
-TEST_F(Demo, StartClearAndEndAGame) {
-  PutTentacle(2, 3, false);
-  Do("rrr");
-  Play(2);
-  EXPECT_EQ(Sea() + "|" + Readout(), "brr - 00000 -|---0 ");
-  EXPECT_TRUE(Lit(GameType(1)) && !Lit(GameType(0)));
-  EXPECT_EQ(form.Timer1Interval(), 170);
-  Do("rr");
-  form.StartGame();
-  form.ClearGame();
-  form.EndGame();
-  EXPECT_FALSE(form.Playing || form.ScoreShown || Lit(GameType(1)));
-  EXPECT_EQ(form.Timer1Interval(), 50);
-  EXPECT_EQ(Sea(), "-rr 2:4 00000 - c1");
-}
-
 }  // namespace
 }  // namespace nautrix

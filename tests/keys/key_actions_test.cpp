@@ -13,18 +13,6 @@ class Routes : public Scene, public ::testing::WithParamInterface<By> {
   void Click(Obj key) { DeviceTest::Click(GetParam(), key); }
 };
 
-// While the boat counts in a game a press does nothing, not even the menu
-// of another button; only the pointer still reaches ACL.
-TEST_P(Routes, WhileTheBoatCountsOnlyThePointerReachesAcl) {
-  Enter(Mode::Game);
-  form.BoatBeats = 3;
-  Click(Obj::LeftButton);
-  form.MouseDown(Obj::RightButton, 2, 0, 0, 0);
-  EXPECT_TRUE(fake.calls.empty() && !IsDown(Obj::LeftButton));
-  Click(Obj::ACLButton);
-  EXPECT_EQ(form.ClockSetting, pointer() ? 1 : 0);
-}
-
 // By pointer ALARM ends the game-over minute before the alarm setting; by
 // keyboard the setting runs beside the minute, whose end takes the idle pace.
 TEST_P(Routes, AlarmInTheGameOverMinute) {

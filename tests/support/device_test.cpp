@@ -14,11 +14,6 @@ static int DigitAt(const Form1& f, Obj place) {
 
 const char* Name(By by) { return by == By::Pointer ? "Pointer" : "Keyboard"; }
 
-const char* Name(Mode mode) {
-  static const char* const names[] = {"Idle", "Game", "GameOver", "AlarmSet", "ClockSet"};
-  return names[static_cast<int>(mode)];
-}
-
 void DeviceTest::Load() {
   fake.FillDefaultStore();
   fake.SetDeviceTime(9, 0, 0);

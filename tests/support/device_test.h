@@ -30,7 +30,6 @@ inline std::string Joined(const std::vector<std::string>& texts) {
 enum class By { Pointer, Keyboard };
 enum class Mode { Idle, Game, GameOver, AlarmSet, ClockSet };
 const char* Name(By by);
-const char* Name(Mode mode);
 
 class DeviceTest : public ::testing::Test {
  protected:

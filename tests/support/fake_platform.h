@@ -25,7 +25,6 @@ class FakePlatform : public Platform {
   std::deque<float> rnd_script;
   float rnd_default = 0.99f;
   Point cursor{-1, -1};
-  std::string program_folder = "/opt/nautrix";
   std::set<std::string> files = {"/opt/nautrix/Beep0.wav", "/opt/nautrix/Beep1.wav",
                                  "/opt/nautrix/Beep2.wav", "/opt/nautrix/Beep3.wav"};
   std::map<std::string, std::string> store;  // key -> value, section "Nautrix"
@@ -76,7 +75,7 @@ class FakePlatform : public Platform {
     is_directory = false;
     return files.count(path) != 0;
   }
-  std::string ProgramFolder() override { return program_folder; }
+  std::string ProgramFolder() override { return "/opt/nautrix"; }
   Point CursorPos() override { return cursor; }
   float WindowLeft() override { return left; }
   float WindowTop() override { return top; }
