@@ -21,7 +21,7 @@ e2e_start_audio
 e2e_start_level_monitor
 e2e_write_store
 e2e_start_app "$app"
-xdotool windowactivate --sync "$E2E_WIN" >/dev/null 2>&1 || true
+e2e_focus
 sleep 0.5
 recording=$E2E_DIR/game.wav
 e2e_start_recording "$recording"
@@ -35,7 +35,7 @@ for ((wake = 0; wake < wakes; wake++)); do
   sleep 0.8
 done
 e2e_stop_recording
-kill -0 "$E2E_APP" || e2e_fail "the program ended during the game"
+e2e_alive "during the game"
 
 e2e_onsets "$recording" >"$E2E_DIR/onsets"
 

@@ -11,7 +11,6 @@ app=$1
 build=$(cd "$(dirname "$app")" && pwd)
 sources=$(cd "$(dirname "$0")/../.." && pwd)
 app_id=org.tickplaysim.Nautrix
-beat_ms=220
 
 e2e_setup
 cmake --install "$build" --prefix "$E2E_DIR/staged" --strip >/dev/null || e2e_fail "cmake --install failed"
@@ -51,18 +50,10 @@ man_warnings=$(zcat "$prefix/share/man/man6/nautrix.6.gz" | groff -man -ww -z -T
 # The installed program plays a game, heard on the sound server.
 e2e_start_audio
 e2e_start_level_monitor
-e2e_start_recording "$E2E_DIR/game.wav"
 e2e_start_app "$prefix/bin/nautrix"
 e2e_key 1
-sleep 3
-e2e_stop_recording
+e2e_wait_for 10 e2e_beat_heard || e2e_fail "the installed program's Game A is not heard at its beat"
 e2e_stop_app
-read -r beats mean < <(e2e_onsets "$E2E_DIR/game.wav" |
-  awk 'NR == 1 {first = $1} {last = $1; n++} END {printf "%d %d\n", n, (n > 1 ? (last - first) / (n - 1) : 0)}')
-echo "install: the installed program gave $beats beeps, mean interval $mean ms"
-[ "$beats" -ge 8 ] || e2e_fail "$beats beeps in 3 s of Game A: the installed program is not heard"
-[ "$mean" -ge $((beat_ms * 9 / 10)) ] && [ "$mean" -le $((beat_ms * 11 / 10)) ] ||
-  e2e_fail "mean interval $mean ms, not the game's $beat_ms ms"
 
 # Undone by the manifest of an install: nothing is left, no empty folder either.
 cmake --install "$build" --prefix "$E2E_DIR/again" >/dev/null

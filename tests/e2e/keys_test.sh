@@ -1,76 +1,142 @@
 #!/usr/bin/env bash
 # The device worked from the keyboard and the pointer as a user works it, in a
-# real X server: ACL slid off resets nothing and R erases the high scores;
-# GAME A by keyboard plays a game to its end by itself; a click on GAME A
-# shows the high score while held and starts the game at the release; a
-# double click turns the device over and back.
+# real X server. The pointer: ACL slid off resets nothing and R erases the
+# high scores; a click on GAME A shows the high score and its mark while held
+# and starts the game at the release; a double click turns the device over
+# and back. Keys held under the X server's own auto-repeat, at a slow and a
+# fast rate, are each one press and one release: S held toggles the sound
+# once; ALARM held and then TIME leave "Alarm On" as it was; Right held in
+# alarm setting steps the minute as the held-key repeat does (one step at the
+# press, then one a tick from the fourth 200 ms tick on); GAME A held shows
+# the high score until the release, and only the release starts the game.
+# Other keyboard layouts, switched with setxkbmap: the digit row counts by its
+# place, letters as the layout prints them, and by their place where it
+# prints Cyrillic.
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
-e2e_start_audio
-e2e_start_level_monitor
 store=$(e2e_store)
+readout=(149 52 57 13)  # the four digits, the colon and AM/PM
 
-# A store of an earlier run, with a high score, and no instructions at start.
-e2e_write_store
-sed -i 's/^Game%20A%20High%20Score=.*/Game%20A%20High%20Score=7/' "$store"
+# A store of an earlier run with the Game A high score $1, and no
+# instructions at start.
+start() {
+  printf '[Nautrix]\nAuto%%20Show=True\nGame%%20A%%20High%%20Score=%s\n' "$1" >"$store"
+  e2e_start_app "$app"
+  e2e_focus
+}
 
-e2e_start_app "$app"
-sleep 1
-
-# --- ACL pressed by the pointer and slid off before its release resets
-# nothing; R, the ACL reset, erases the high scores.
-xdotool mousemove --window "$E2E_WIN" --sync 312 61 mousedown 1 sleep 0.2 \
-  mousemove --window "$E2E_WIN" 200 180 sleep 0.2 mouseup 1
-sleep 0.3
-e2e_expect_eq "$(e2e_setting 'Game A High Score')" "7" "Game A High Score after ACL slid off"
-e2e_key r
-e2e_expect_setting 'Game A High Score' "0" "Game A High Score after R"
-e2e_key t            # leave clock setting: the device is idle again
-sleep 0.5
-
-# --- A click on GAME A: the high score and the GAME A mark while held, the
-# game at the release. The idle device is silent.
-sed -i 's/^Game%20A%20High%20Score=.*/Game%20A%20High%20Score=7/' "$store"
-sleep 1.2
-e2e_silent 1 || e2e_fail "the idle device is not silent"
+# --- The pointer.
+start 7
 idle_mark=$(e2e_region 92 135 22 5)
-idle_hour=$(e2e_region 169 52 8 13)
+idle=$(e2e_region "${readout[@]}")
 xdotool mousemove --window "$E2E_WIN" --sync 289 27 mousedown 1
 e2e_wait_for 3 e2e_region_not "$idle_mark" 92 135 22 5 || e2e_fail "no GAME A mark while GAME A is held"
-e2e_wait_for 3 e2e_region_not "$idle_hour" 169 52 8 13 ||
-  e2e_fail "the readout still shows the time while GAME A is held"
-sleep 1
-e2e_silent 1 || e2e_fail "the game started at the press"
+e2e_wait_for 3 e2e_region_not "$idle" "${readout[@]}" || e2e_fail "the readout shows the time while GAME A is held"
+held=$(e2e_region "${readout[@]}")
+sleep 1  # a game started at the press would show its own score by now
+e2e_region_is "$held" "${readout[@]}" || e2e_fail "the game started at the press"
 xdotool mouseup 1
-e2e_wait_for 3 eval '! e2e_silent 1' || e2e_fail "no game beats after the release of GAME A"
-# T ends nothing in a running game; R ends it (the reset), and T goes idle.
-e2e_key r
-e2e_key t
-e2e_wait_for 3 e2e_silent 1 || e2e_fail "the reset did not end the game"
-
-# --- A double click on the case turns the device over; one on the back
-# turns it back.
+e2e_wait_for 3 e2e_region_not "$held" "${readout[@]}" || e2e_fail "no game after the release of GAME A"
+# A double click on the case turns the device over; one on the back turns it back.
 case_spot=(60 165 50 25)
 front=$(e2e_region "${case_spot[@]}")
 xdotool mousemove --window "$E2E_WIN" --sync 80 175 click --repeat 2 --delay 80 1
-e2e_wait_for 3 e2e_region_not "$front" "${case_spot[@]}" ||
-  e2e_fail "a double click on the case did not turn the device over"
+e2e_wait_for 3 e2e_region_not "$front" "${case_spot[@]}" || e2e_fail "a double click on the case did not turn it over"
 xdotool click --repeat 2 --delay 80 1
 e2e_wait_for 3 e2e_region_is "$front" "${case_spot[@]}" || e2e_fail "a double click on the back did not turn it back"
+# ACL pressed and slid off before its release; then R, the ACL reset.
+xdotool mousemove --window "$E2E_WIN" --sync 312 61 mousedown 1 sleep 0.2 \
+  mousemove --window "$E2E_WIN" 200 180 sleep 0.2 mouseup 1
+sleep 0.3  # the release is long past when a reset would be stored
+e2e_setting_is 'Game A High Score' 7 || e2e_fail "ACL slid off reset the high score"
+e2e_key r
+e2e_expect_setting 'Game A High Score' 0 "Game A High Score after R"
+e2e_stop_app
 
-# --- GAME A by keyboard, left alone, runs to game over: the game-over minute
-# is silent, while a game beeps at every beat. Fast speeds, as the options can
-# set them, bring the game over within seconds.
-sed -i -e 's/^Game%20A%20Speed=.*/Game%20A%20Speed=40/' -e 's/^Diver%20Speed=.*/Diver%20Speed=40/' "$store"
-sleep 0.3
-e2e_key 1
-e2e_wait_for 3 eval '! e2e_silent 1' || e2e_fail "no game beats after the 1 key"
-deadline=$((SECONDS + 120))
-until e2e_silent 3; do
-  [ $SECONDS -lt $deadline ] || e2e_fail "the game did not reach game over in 2 minutes"
+# --- Holds of real keys.
+now_ms() { echo $(($(date +%s%N) / 1000000)); }
+hold() { xdotool keydown "$1" sleep "$2" keyup "$1"; }
+for rate in "660 25" "200 60"; do
+  xset r rate $rate
+  start 7
+  at="at rate $rate"
+  hold s 1.2
+  e2e_expect_setting Sound False "Sound after S held $at"
+  # ALARM held: alarm entry, alarm set at its release. Right held there.
+  alarm_on=$(e2e_setting 'Alarm On')
+  alarm_before=$(e2e_setting 'Alarm Time')
+  hold a 1.2
+  begin=$(now_ms)
+  hold Right 2
+  held=$(($(now_ms) - begin))
+  xdotool key t
+  e2e_wait_for 10 eval '! e2e_setting_is "Alarm Time" "$alarm_before"' || true  # stored at the release of TIME
+  e2e_expect_eq "$(e2e_setting 'Alarm On')" "$alarm_on" "Alarm On after ALARM held and TIME $at"
+  alarm=$(e2e_setting 'Alarm Time')
+  [[ $alarm =~ ^12([0-5][0-9])00\ PM$ ]] || e2e_fail "Alarm Time after Right held $at: $alarm"
+  steps=$((10#${BASH_REMATCH[1]}))
+  ticks=$((held / 200))  # within one of the ticks the hold really saw
+  [ $steps -ge $((ticks - 4)) ] && [ $steps -le $((ticks - 1)) ] ||
+    e2e_fail "Right held $held ms $at stepped $steps minutes, not about $((ticks - 2))"
+  # GAME A held: the high score, the same all through the hold; the game at
+  # the release.
+  idle=$(e2e_region "${readout[@]}")
+  xdotool keydown 1
+  e2e_wait_for 3 e2e_region_not "$idle" "${readout[@]}" || e2e_fail "no high score while GAME A is held $at"
+  early=$(e2e_region "${readout[@]}")
   sleep 1
+  late=$(e2e_region "${readout[@]}")
+  xdotool keyup 1
+  [ "$late" = "$early" ] || e2e_fail "the readout changed while GAME A was held $at"
+  e2e_wait_for 3 e2e_region_not "$late" "${readout[@]}" || e2e_fail "no game after the release of GAME A $at"
+  e2e_alive "$at"
+  e2e_stop_app
 done
-kill -0 "$E2E_APP" || e2e_fail "the program ended during the game"
-e2e_stop_app TERM
-echo "keys: 1 passed, 0 failed"
+xset r rate 660 25
+
+# --- Layouts. On US the 1 key starts Game A and S toggles the sound; on
+# French the key that types "&" starts Game A, A (where US has Q) is ALARM and
+# Q is nothing; on Russian the keys where S, A and T stand toggle the sound
+# and set the alarm.
+layout() {
+  setxkbmap "$1"
+  sleep 0.3  # the program takes the new key map; nothing shows when it has
+}
+# Taps keys with the real keyboard of the X server, as the layout has them.
+tap() { local k; for k; do xdotool key "$k" sleep 0.15; done; }
+expect_sound_toggle() {
+  local before
+  before=$(e2e_setting Sound)
+  tap "$1"
+  e2e_wait_for 10 eval '! e2e_setting_is Sound "$before"' || e2e_fail "$1 on $2 did not toggle the sound"
+}
+# Key $1 starts Game A, seen by the game's score; $3 and $4 (R, T) end it.
+expect_game_start() {
+  tap "$1"
+  e2e_wait_for 3 e2e_region_is "$game" "${readout[@]}" || e2e_fail "$1 on $2 did not start Game A"
+  tap "$3" "$4"
+}
+start 0
+layout us
+idle=$(e2e_region "${readout[@]}")
+tap 1
+e2e_wait_for 3 e2e_region_not "$idle" "${readout[@]}" || e2e_fail "1 on us did not start Game A"
+game=$(e2e_region "${readout[@]}")
+tap r t
+expect_sound_toggle s us
+layout fr
+expect_game_start ampersand fr r t
+expect_sound_toggle s fr
+tap q Right t
+sleep 0.2  # what Q would have set is stored by now
+e2e_expect_eq "$(e2e_setting 'Alarm Time')" "120000 PM" "Alarm Time after Q, Right, T on fr"
+tap a Right t
+e2e_expect_setting 'Alarm Time' "120100 PM" "Alarm Time after A, Right, T on fr"
+layout ru
+expect_sound_toggle Cyrillic_yeru ru
+tap Cyrillic_ef Right Cyrillic_ie
+e2e_expect_setting 'Alarm Time' "120200 PM" "Alarm Time after the A, Right, T places on ru"
+expect_game_start 1 ru Cyrillic_ka Cyrillic_ie
+e2e_alive "on other layouts"
+echo "keys: pointer, holds at 2 rates, us fr ru layouts passed"

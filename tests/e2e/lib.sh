@@ -94,17 +94,24 @@ e2e_start_audio() {
   pactl set-default-sink nautrix
 }
 
-# Records the null sink's monitor into $1 until e2e_stop_recording.
-e2e_start_recording() {
-  E2E_RECORDING=$1
-  parecord --device=nautrix.monitor --file-format=wav "$E2E_RECORDING" &
-  E2E_RECORDER=$!
-  E2E_PIDS+=($E2E_RECORDER)
-  sleep 0.3
-  # An idle null sink delivers in long blocks: a suspend and resume makes
-  # the recording run in real time.
+# Starts a listener on the null sink's monitor (the command $@) and waits
+# until it is attached. An idle null sink delivers in long blocks: a suspend
+# and resume then makes it run in real time.
+e2e_listen() {
+  local listeners
+  listeners=$(pactl list short source-outputs | wc -l)
+  "$@" &
+  E2E_PIDS+=($!)
+  e2e_wait_for 10 e2e_listeners_above "$listeners" || e2e_fail "no listener on the sink: $*"
   pactl suspend-sink nautrix 1
   pactl suspend-sink nautrix 0
+}
+e2e_listeners_above() { [ "$(pactl list short source-outputs | wc -l)" -gt "$1" ]; }
+
+# Records the null sink's monitor into $1 until e2e_stop_recording.
+e2e_start_recording() {
+  e2e_listen parecord --device=nautrix.monitor --file-format=wav "$1"
+  E2E_RECORDER=${E2E_PIDS[-1]}
 }
 
 e2e_stop_recording() {
@@ -127,27 +134,53 @@ e2e_onsets() {
       }'
 }
 
+# True once the last three seconds on the null sink (e2e_start_level_monitor)
+# hold Game A's beat: at least 10 beeps after the first (which may be cut), at
+# its 220 ms pace within 5 %.
+e2e_beat_heard() {
+  tail -c 48000 "$E2E_LEVEL" | sox -t raw -r 8000 -e signed -b 16 -c 1 - "$E2E_DIR/last.wav"
+  e2e_onsets "$E2E_DIR/last.wav" | awk -v beat=220 '
+    NR == 2 { first = $1 }
+    NR >= 2 { last = $1; n++ }
+    END { exit !(n >= 10 && (last - first) >= (n - 1) * beat * 0.95 && (last - first) <= (n - 1) * beat * 1.05) }'
+}
+
 e2e_store() { echo "$XDG_CONFIG_HOME/Tickplay Simulator.ini"; }
 
 # Starts the program ($1, with the words of E2E_ARGS as its arguments)
-# without the right to set the clock, its output into the file $2 if given,
-# and waits for its window; E2E_APP is its PID, E2E_WIN its window.
+# without the right to set the clock, what it prints added to the file $2
+# (by default the one e2e_expect_quiet reads), and waits for its own window;
+# E2E_APP is its PID, E2E_WIN its window.
 e2e_start_app() {
-  if [ -n "${2:-}" ]; then
-    setpriv --bounding-set -sys_time --inh-caps -sys_time "$1" ${E2E_ARGS:-} >"$2" 2>&1 &
-  else
-    setpriv --bounding-set -sys_time --inh-caps -sys_time "$1" ${E2E_ARGS:-} &
-  fi
+  setpriv --bounding-set -sys_time --inh-caps -sys_time "$1" ${E2E_ARGS:-} >>"${2:-$E2E_DIR/said}" 2>&1 &
   E2E_APP=$!
   E2E_PIDS+=($E2E_APP)
   E2E_WIN=""
   local deadline=$((SECONDS + 15))
   while [ -z "$E2E_WIN" ]; do
     [ $SECONDS -lt $deadline ] || e2e_fail "the device window did not appear"
-    kill -0 "$E2E_APP" 2>/dev/null || e2e_fail "the program ended at start"
-    E2E_WIN=$(xdotool search --onlyvisible --name '^Nautrix$' 2>/dev/null | head -n1 || true)
+    e2e_alive "at start"
+    E2E_WIN=$(xdotool search --all --onlyvisible --pid "$E2E_APP" --name '^Nautrix$' 2>/dev/null | head -n1 || true)
     [ -n "$E2E_WIN" ] || sleep 0.1
   done
+}
+
+# Runs the command $@ that chooses "&Exit" and waits for the program's end:
+# status 0, and the store as it was before.
+e2e_expect_exit() {
+  local status=0 before
+  before=$(md5sum "$(e2e_store)")
+  "$@"
+  wait "$E2E_APP" || status=$?
+  [ "$status" = 0 ] || e2e_fail "$* ended the program with status $status"
+  [ "$(md5sum "$(e2e_store)")" = "$before" ] || e2e_fail "$* wrote the store"
+}
+
+e2e_alive() { kill -0 "$E2E_APP" 2>/dev/null || e2e_fail "the program ended $1"; }
+
+# Fails if the program printed anything ($1: when).
+e2e_expect_quiet() {
+  [ ! -s "$E2E_DIR/said" ] || e2e_fail "the program printed $1: $(head -n 5 "$E2E_DIR/said")"
 }
 
 # Ends the program by its PID and forgets it.
@@ -181,10 +214,11 @@ e2e_setting() {
 # True while the store's key $1 holds $2 (for waits, which poll it afresh).
 e2e_setting_is() { [ "$(e2e_setting "$1")" = "$2" ]; }
 
-# Fails unless the store's key $1 comes to hold $2 within 3 s ($3 says after
-# what): a write is on disk only after its sync, which a busy disk delays.
+# Fails unless the store's key $1 comes to hold $2 ($3 says after what): a
+# write is on disk only after its sync, which a disk busy with other work
+# delays by seconds.
 e2e_expect_setting() {
-  e2e_wait_for 3 e2e_setting_is "$1" "$2" || e2e_fail "$3: expected '$2', got '$(e2e_setting "$1")'"
+  e2e_wait_for 10 e2e_setting_is "$1" "$2" || e2e_fail "$3: expected '$2', got '$(e2e_setting "$1")'"
 }
 
 # Keys of the store's [Nautrix] group, one per line, sorted.
@@ -193,9 +227,8 @@ e2e_store_keys() {
     "$(e2e_store)" | sort
 }
 
-e2e_key() { xdotool windowactivate --sync "$E2E_WIN" >/dev/null 2>&1 || true; xdotool key --window "$E2E_WIN" "$@"; }
-
-e2e_shot() { import -window "$E2E_WIN" "$1"; }
+e2e_focus() { xdotool windowactivate --sync "${1:-$E2E_WIN}" >/dev/null 2>&1 || true; }
+e2e_key() { e2e_focus && xdotool key --window "$E2E_WIN" "$@"; }
 
 # A fingerprint of what a client-area rectangle ($1 $2 $3 $4: x y w h) shows now.
 e2e_region() {
@@ -211,40 +244,15 @@ e2e_region_not() { [ "$(e2e_region "${@:2}")" != "$1" ]; }
 # Keeps the null sink's level in a raw file for e2e_level (needs e2e_start_audio).
 e2e_start_level_monitor() {
   E2E_LEVEL=$E2E_DIR/level.raw
-  parec --device=nautrix.monitor --format=s16le --rate=8000 --channels=1 --latency-msec=20 >"$E2E_LEVEL" 2>/dev/null &
-  E2E_PIDS+=($!)
-  sleep 0.3
-  pactl suspend-sink nautrix 1
-  pactl suspend-sink nautrix 0
+  e2e_listen parec --device=nautrix.monitor --format=s16le --rate=8000 --channels=1 --latency-msec=20 "$E2E_LEVEL"
 }
-
-# The RMS amplitude (0 to 1) of the last $1 seconds on the null sink.
-e2e_level() {
-  tail -c $(($1 * 16000)) "$E2E_LEVEL" | sox -t raw -r 8000 -e signed -b 16 -c 1 - -n stat 2>&1 |
-    awk '/RMS +amplitude/ {print $3}'
-}
-
-# True when the last $1 seconds were silent.
-e2e_silent() { awk -v l="$(e2e_level "$1")" 'BEGIN {exit !(l < 0.001)}'; }
 
 # A store of an earlier run ("Auto Show" there: no instructions at start),
 # the client area at the screen's top left corner.
 e2e_write_store() {
-  cat >"$(e2e_store)" <<'INI'
-[Nautrix]
-Sound=True
-Left=-45
-Top=-330
-Diver%20Speed=300
-Game%20A%20Speed=220
-Game%20B%20Speed=170
-Game%20A%20High%20Score=0
-Game%20B%20High%20Score=0
-Alarm%20Time=120000 PM
-Alarm%20On=False
-Always%20on%20Top=False
-Auto%20Show=True
-INI
+  printf '%s\n' '[Nautrix]' Sound=True Left=-45 Top=-330 Diver%20Speed=300 Game%20A%20Speed=220 \
+    Game%20B%20Speed=170 Game%20A%20High%20Score=0 Game%20B%20High%20Score=0 'Alarm%20Time=120000 PM' \
+    Alarm%20On=False Always%20on%20Top=False Auto%20Show=True >"$(e2e_store)"
 }
 
 # A private session bus for the program and the test's own clients.
@@ -256,25 +264,30 @@ e2e_start_session_bus() {
 }
 
 # An X11 system tray at the bottom right of the screen; E2E_TRAY is its PID.
+# A tray that is stopped has given up its selection when e2e_stop_tray ends,
+# so that the next tray can take it.
 e2e_start_tray() {
   trayer --edge bottom --align right --widthtype pixel --width 100 \
     --heighttype pixel --height 24 >/dev/null 2>&1 &
   E2E_TRAY=$!
   E2E_PIDS+=($E2E_TRAY)
 }
+e2e_stop_tray() { kill "$E2E_TRAY" && wait "$E2E_TRAY" 2>/dev/null || true; }
+
+# The program's shown windows, one a line: "id x y width height".
+e2e_app_windows() {
+  local w WINDOW X Y WIDTH HEIGHT SCREEN
+  for w in $(xdotool search --onlyvisible --all --pid "$E2E_APP" 2>/dev/null); do
+    eval "$(xdotool getwindowgeometry --shell "$w" 2>/dev/null)" && echo "$w $X $Y $WIDTH $HEIGHT"
+  done
+  return 0
+}
 
 # The program's icon docked in the tray: a small window of its PID in the
 # tray's strip. Prints its window and centre, "id x y"; fails with no icon.
 e2e_tray_icon() {
-  local w WINDOW X Y WIDTH HEIGHT SCREEN
-  for w in $(xdotool search --onlyvisible --all --pid "$E2E_APP" 2>/dev/null); do
-    eval "$(xdotool getwindowgeometry --shell "$w" 2>/dev/null)" || continue
-    if [ "$Y" -ge 700 ] && [ "$WIDTH" -le 24 ] && [ "$HEIGHT" -le 24 ]; then
-      echo "$w $((X + WIDTH / 2)) $((Y + HEIGHT / 2))"
-      return 0
-    fi
-  done
-  return 1
+  e2e_app_windows | awk '!found && $3 >= 700 && $4 <= 24 && $5 <= 24 {print $1, $2 + int($4 / 2), $3 + int($5 / 2); found = 1}
+    END {exit !found}'
 }
 
 # Moves the pointer to a screen point ($1 $2) and waits until it is there;
@@ -285,19 +298,19 @@ e2e_pointer_to() {
   [ "$X $Y" = "$1 $2" ] || xdotool mousemove --sync "$1" "$2"
 }
 
-# True while the device window is on the screen.
+# True while the device window is on the screen (shown), or not (hidden), or
+# the window manager keeps it above the others (on top).
 e2e_window_shown() { xdotool search --onlyvisible --name '^Nautrix$' >/dev/null 2>&1; }
+e2e_hidden() { ! e2e_window_shown; }
+e2e_on_top() { xprop -id "$E2E_WIN" _NET_WM_STATE | grep -q _NET_WM_STATE_ABOVE; }
 
 # True while a popup menu of the program is open: a visible window of its
 # PID that the window manager does not frame (not a dialog) and taller than
 # a tooltip. Prints its place, "x y".
 e2e_menu_open() {
-  local w WINDOW X Y WIDTH HEIGHT SCREEN
-  for w in $(xdotool search --onlyvisible --all --pid "$E2E_APP" 2>/dev/null); do
-    eval "$(xdotool getwindowgeometry --shell "$w" 2>/dev/null)" || continue
-    [ "$HEIGHT" -gt 60 ] && xwininfo -id "$w" 2>/dev/null | grep -q 'Override Redirect State: yes' || continue
-    echo "$X $Y"
-    return 0
-  done
+  local w x y width height
+  while read -r w x y width height; do
+    [ "$height" -gt 60 ] && xwininfo -id "$w" | grep -q 'Override Redirect State: yes' && echo "$x $y" && return 0
+  done < <(e2e_app_windows)
   return 1
 }

@@ -14,7 +14,7 @@ e2e_start_session_bus
 /usr/libexec/at-spi-bus-launcher --launch-immediately 2>/dev/null &
 E2E_PIDS+=($!)
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
-e2e_start_app "$app" "$E2E_DIR/out"
+e2e_start_app "$app"
 
 tree() { reader tree >"$E2E_DIR/tree" && cat "$E2E_DIR/tree"; }
 # True when a line of the tree, read afresh, matches $1.
@@ -38,7 +38,7 @@ e2e_expect_eq "$(as_heard <<<"$heard")" "12:00 PM;1:00 PM;time;" "heard"
 e2e_expect_setting "Alarm Time" "010000 PM" "the alarm set through the keys' actions"
 
 # TIME held on the keyboard shows the stored alarm until it comes up.
-xdotool windowactivate --sync "$E2E_WIN" >/dev/null 2>&1 || true
+e2e_focus
 xdotool keydown t
 e2e_wait_for 3 readout_is "1:00 PM" || e2e_fail "TIME held reads '$(readout)'"
 xdotool keyup t
@@ -73,4 +73,4 @@ xdotool mousemove --window "$E2E_WIN" 34 46 click 1
 e2e_wait_for 5 tree_has '^dialog\|Nautrix Simulator' || e2e_fail "no About dialog on the bus"
 unnamed=$(sed -n '/^dialog|Nautrix Simulator/,$p' "$E2E_DIR/tree" | awk -F'|' '$2 == ""')
 e2e_expect_eq "$unnamed" "" "unnamed About controls"
-e2e_expect_eq "$(cat "$E2E_DIR/out")" "" "what the program printed"
+e2e_expect_quiet "under a screen reader"

@@ -30,7 +30,6 @@ item() {
   dbus-send --session --type=method_call --dest="$ITEM" /StatusNotifierItem "org.kde.StatusNotifierItem.$1" \
     int32:500 int32:400
 }
-hidden() { ! e2e_window_shown; }
 
 start_host "$E2E_DIR/items"
 e2e_start_app "$app"
@@ -41,7 +40,7 @@ dbus-send --session --print-reply --dest="$ITEM" /StatusNotifierItem \
   grep -q '"Nautrix"' || e2e_fail "the item's tip is not Nautrix"
 
 item Activate
-e2e_wait_for 3 hidden || e2e_fail "the activation did not hide the window"
+e2e_wait_for 3 e2e_hidden || e2e_fail "the activation did not hide the window"
 item Activate
 e2e_wait_for 3 e2e_window_shown || e2e_fail "a second activation did not show the window"
 
@@ -70,8 +69,7 @@ e2e_key s b
 e2e_expect_eq "$(menu | cut -f2 | head -n 5 | paste -sd,)" "_Hide,_Sound,A_uto Show+,Always on _Top,_Back+" \
   "the marks after S and B"
 click "Always on _Top"
-e2e_wait_for 3 sh -c "xprop -id $E2E_WIN _NET_WM_STATE | grep -q _NET_WM_STATE_ABOVE" ||
-  e2e_fail "Always on Top from the item's menu did not restack the window"
+e2e_wait_for 3 e2e_on_top || e2e_fail "Always on Top from the item's menu did not restack the window"
 
 e2e_pointer_to 100 100
 dbus-send --session --print-reply --reply-timeout=1000 --dest="$ITEM" /StatusNotifierItem \
@@ -82,13 +80,8 @@ e2e_expect_eq "$(e2e_menu_open)" "600 300" "the context request's menu"
 xdotool key Escape
 e2e_wait_for 3 eval '! e2e_menu_open' || e2e_fail "Escape did not close the menu"
 
-kill "$HOST"
+kill "$HOST" && wait "$HOST" 2>/dev/null || true  # a new host takes the name once it is free
 start_host "$E2E_DIR/items-again"
 e2e_wait_for 5 test -s "$E2E_DIR/items-again" || e2e_fail "the item did not come back to a new host"
 
-before=$(md5sum "$(e2e_store)")
-click "_Exit"
-status=0
-wait "$E2E_APP" || status=$?
-[ "$status" -eq 0 ] || e2e_fail "Exit from the item's menu ended the program with status $status"
-[ "$(md5sum "$(e2e_store)")" = "$before" ] || e2e_fail "Exit from the item's menu wrote the store"
+e2e_expect_exit click "_Exit"

@@ -12,7 +12,6 @@
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
-store=$(e2e_store)
 e2e_write_store
 e2e_start_app "$app"
 
@@ -31,14 +30,10 @@ menu_enter() {
   e2e_wait_for 3 e2e_menu_open || e2e_fail "Enter opened no menu"
   xdotool key "$1"
 }
-hidden() { ! e2e_window_shown; }
-# Waits for the icon in a tray that has just started, and lets the tray
-# settle its strip, as a user sees the icon before clicking it.
-icon_docks() {
-  e2e_wait_for 5 e2e_tray_icon || e2e_fail "$1"
-  sleep 0.5
-}
-on_top() { xprop -id "$E2E_WIN" _NET_WM_STATE | grep -q _NET_WM_STATE_ABOVE; }
+# Waits for the icon in a tray that has just started, until the tray has
+# settled its strip: a user clicks the icon where it stays.
+icon_steady() { local at; at=$(e2e_tray_icon) && sleep 0.3 && [ "$(e2e_tray_icon)" = "$at" ]; }
+icon_docks() { e2e_wait_for 10 icon_steady || e2e_fail "$1"; }
 
 # --- No tray: "&Hide" cannot be chosen from Enter's menu, which opens at the
 #     device with the pointer away. A tray that comes later gets the icon.
@@ -55,7 +50,7 @@ icon_docks "no icon in a tray that came after start-up"
 
 # --- A double click on the icon hides the device, a second shows it.
 double_click_icon
-e2e_wait_for 3 hidden || e2e_fail "a double click on the icon did not hide the window"
+e2e_wait_for 3 e2e_hidden || e2e_fail "a double click on the icon did not hide the window"
 double_click_icon
 e2e_wait_for 3 e2e_window_shown || e2e_fail "a second double click did not show the window"
 
@@ -63,7 +58,7 @@ e2e_wait_for 3 e2e_window_shown || e2e_fail "a second double click did not show 
 #     the tray's menu's Hide, bring it back.
 minimize() {
   xdotool windowminimize "$E2E_WIN"
-  e2e_wait_for 3 hidden || e2e_fail "the window manager did not minimise the window"
+  e2e_wait_for 3 e2e_hidden || e2e_fail "the window manager did not minimise the window"
 }
 minimize
 double_click_icon
@@ -81,7 +76,7 @@ xdotool click 3
 e2e_wait_for 3 e2e_menu_open || e2e_fail "a right click on the case opened no menu"
 e2e_expect_eq "$(e2e_menu_open)" "200 180" "the right click's menu"
 xdotool key t
-e2e_wait_for 3 on_top || e2e_fail "Always on Top did not reach the window manager"
+e2e_wait_for 3 e2e_on_top || e2e_fail "Always on Top did not reach the window manager"
 [ "$(xdotool search --onlyvisible --name '^Nautrix$')" = "$E2E_WIN" ] ||
   e2e_fail "Always on Top made a new window"
 e2e_expect_setting 'Always on Top' True "Always on Top stored"
@@ -90,7 +85,7 @@ e2e_expect_setting 'Always on Top' True "Always on Top stored"
 #     menu, still on top.
 # The icon's menu opens at the right button's release, not at its press.
 menu_enter h
-e2e_wait_for 3 hidden || e2e_fail "Hide from the menu did not hide the window"
+e2e_wait_for 3 e2e_hidden || e2e_fail "Hide from the menu did not hide the window"
 to_icon
 xdotool mousedown 3
 sleep 0.5
@@ -100,18 +95,18 @@ e2e_wait_for 3 e2e_menu_open || e2e_fail "a right click on the icon opened no me
 xdotool key h
 e2e_wait_for 3 e2e_window_shown || e2e_fail "Hide from the tray's menu did not show the window"
 e2e_expect_eq "$(xdotool search --onlyvisible --name '^Nautrix$')" "$E2E_WIN" "the window after hiding"
-on_top || e2e_fail "the window lost Always on Top across hiding"
+e2e_on_top || e2e_fail "the window lost Always on Top across hiding"
 e2e_expect_position "0 0" "the window across hiding"
 
 # --- The tray restarts: the icon is back and works. A tray gone for good
 #     brings the hidden window back.
-kill "$E2E_TRAY"
+e2e_stop_tray
 e2e_start_tray
 icon_docks "no icon after the tray restarted"
 double_click_icon
-e2e_wait_for 3 hidden || e2e_fail "the icon in the restarted tray did not hide the window"
-kill "$E2E_TRAY"
-e2e_wait_for 6 e2e_window_shown || e2e_fail "the window stayed hidden with no tray"
+e2e_wait_for 3 e2e_hidden || e2e_fail "the icon in the restarted tray did not hide the window"
+e2e_stop_tray
+e2e_wait_for 10 e2e_window_shown || e2e_fail "the window stayed hidden with no tray"
 e2e_start_tray
 icon_docks "no icon in the tray started again"
 
@@ -123,20 +118,15 @@ e2e_key Left Left Left Left Left Left Left Left Left Left Left Left
 e2e_key t a a b t
 e2e_expect_setting 'Alarm On' True "the alarm armed"
 double_click_icon
-e2e_wait_for 3 hidden || e2e_fail "the window did not hide for the alarm"
+e2e_wait_for 3 e2e_hidden || e2e_fail "the window did not hide for the alarm"
 click_icon 3
 e2e_wait_for 3 e2e_menu_open || e2e_fail "no menu from the icon for the front"
 xdotool key b
 e2e_wait_for 3 e2e_window_shown || e2e_fail "the ringing alarm did not bring the window back"
 
 # --- Exit: status 0, the store untouched.
-before=$(md5sum "$store")
-menu_enter e
-status=0
-wait "$E2E_APP" || status=$?
-[ "$status" -eq 0 ] || e2e_fail "Exit ended the program with status $status"
-[ "$(md5sum "$store")" = "$before" ] || e2e_fail "Exit wrote the store"
+e2e_expect_exit menu_enter e
 
 # --- The next start is on top from the store.
 e2e_start_app "$app"
-e2e_wait_for 3 on_top || e2e_fail "the stored Always on Top did not stack the window at start-up"
+e2e_wait_for 3 e2e_on_top || e2e_fail "the stored Always on Top did not stack the window at start-up"

@@ -30,7 +30,7 @@ first=$(grep -c 'wl_surface@[0-9]*\.commit' "$log")
 sleep 2.5
 frames=$(($(grep -c 'wl_surface@[0-9]*\.commit' "$log") - first))
 [ "$frames" -ge 2 ] || e2e_fail "$frames frames in 2.5 s: the device does not draw on"
-kill -0 "$E2E_APP" 2>/dev/null || e2e_fail "the program ended on Wayland"
+e2e_alive "on Wayland"
 e2e_stop_app
 stray=$(grep -v '^\[' "$log" | grep -v '^ *$' || true)
 [ -z "$stray" ] || e2e_fail "the program printed on Wayland: $stray"
@@ -39,11 +39,11 @@ echo "wayland: native window 333 x 198, $frames frames in 2.5 s, nothing printed
 # XWayland at hand: the program takes it.
 export DISPLAY=$x_display
 log=$E2E_DIR/xwayland.log
-e2e_start_app "$app" 2>"$log"
+e2e_start_app "$app" "$log"
 size=$(xwininfo -id "$E2E_WIN" | awk '/^ *Width/ {w=$2} /^ *Height/ {h=$2} END {print w "x" h}')
 [ "$size" = 333x198 ] || e2e_fail "the window on XWayland is $size"
 sleep 1
-kill -0 "$E2E_APP" 2>/dev/null || e2e_fail "the program ended on XWayland"
+e2e_alive "on XWayland"
 e2e_stop_app
 [ ! -s "$log" ] || e2e_fail "on XWayland the program spoke Wayland or printed: $(head -n 3 "$log")"
 echo "wayland: XWayland window $size on $x_display"
