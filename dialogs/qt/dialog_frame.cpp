@@ -22,7 +22,7 @@ constexpr qreal kDesignPoints = 8.25;
 constexpr qreal kUsualDesktopPoints = 9;
 // The design grows in steps of a thirty-second until its texts fit.
 constexpr qreal kScaleStep = 1.0 / 32;
-constexpr int kFrameWatchMs = 20, kFrameChecks = 50;
+constexpr int kFrameWatchMs = 20, kFrameChecks = 150;
 
 QWidget* NextTabStop(QWidget* window, QWidget* from) {
   for (QWidget* w = from->nextInFocusChain(); w != window; w = w->nextInFocusChain()) {
@@ -89,19 +89,19 @@ QStringList LayoutFaults(const QWidget& window) {
            (label ? label->text() : button ? button->text() : frame ? frame->title() : QString()) +
            "\"";
   };
-  const QList<QWidget*> all = window.findChildren<QWidget*>();
-  for (const QWidget* w : all) {
-    if (!w->isVisibleTo(&window) || !w->parentWidget() || w->isWindow()) continue;
+  QList<QWidget*> all = window.findChildren<QWidget*>();
+  all.removeIf([&window](const QWidget* w) { return !w->isVisibleTo(&window) || w->isWindow(); });
+  for (qsizetype i = 0; i < all.size(); ++i) {
+    const QWidget* w = all[i];
     const QSize need = Needed(*w);
     if (need.width() > w->width() || need.height() > w->height())
       faults << name(w) + " is cut";
     const QWidget* parent = w->parentWidget();
     const QRect room = parent == &window ? window.rect() : parent->contentsRect();
     if (!room.contains(w->geometry())) faults << name(w) + " leaves its frame";
-    for (const QWidget* other : all) {
-      if (other != w && other < w && other->parentWidget() == parent &&
-          other->isVisibleTo(&window) && other->geometry().intersects(w->geometry()))
-        faults << name(other) + " and " + name(w) + " overlap";
+    for (qsizetype j = 0; j < i; ++j) {
+      if (all[j]->parentWidget() == parent && all[j]->geometry().intersects(w->geometry()))
+        faults << name(all[j]) + " and " + name(w) + " overlap";
     }
   }
   return faults;
@@ -116,18 +116,14 @@ DialogFrame::DialogFrame(Kind kind, int width, int height)
   frame_watch_.setInterval(kFrameWatchMs);
   // While a window manager sets its frame up, the frame read back can be
   // anything for a moment: the window is placed by each frame that can be
-  // one, for a second.
+  // one, for a while.
   connect(&frame_watch_, &QTimer::timeout, this, [this] {
     if (++frame_checks_ >= kFrameChecks) frame_watch_.stop();
-    const QRect frame = frameGeometry(), client = geometry();
-    const QMargins margins(client.left() - frame.left(), client.top() - frame.top(),
-                           frame.right() - client.right(), frame.bottom() - client.bottom());
-    const int most = std::min(client.width(), client.height()) / 4;
-    if (margins == placed_margins_ || std::min({margins.left(), margins.top(), margins.right(),
-                                                margins.bottom()}) < 0 ||
-        std::max({margins.left(), margins.top(), margins.right(), margins.bottom()}) > most)
+    const QMargins m = FrameMargins();
+    const int most = std::min(this->width(), this->height()) / 4;
+    if (m == placed_margins_ || std::min({m.left(), m.top(), m.right(), m.bottom()}) < 0 ||
+        std::max({m.left(), m.top(), m.right(), m.bottom()}) > most)
       return;
-    placed_margins_ = margins;
     PlaceCentred();
   });
   // The native window exists before the load, which sets its stacking.
@@ -156,15 +152,21 @@ void DialogFrame::CentreOn(const QRect& screen_area) {
   PlaceCentred();
   if (windowFlags().testFlag(Qt::FramelessWindowHint)) return;
   frame_checks_ = 0;
-  placed_margins_ = QMargins();
   frame_watch_.start();
 }
 
-// The window's position is its frame's corner.
+// The window manager's frame as it stands now (Qt's widget keeps the first
+// one it read).
+QMargins DialogFrame::FrameMargins() const {
+  return windowHandle() ? windowHandle()->frameMargins() : QMargins();
+}
+
+// The client area placed so that its frame, as known now, is centred.
 void DialogFrame::PlaceCentred() {
-  QRect frame = frameGeometry();
+  placed_margins_ = FrameMargins();
+  QRect frame = rect().marginsAdded(placed_margins_);
   frame.moveCenter(screen_area_.center());
-  move(frame.topLeft());
+  setGeometry(QRect(frame.topLeft() + QPoint(placed_margins_.left(), placed_margins_.top()), size()));
 }
 
 void DialogFrame::BringForward() {

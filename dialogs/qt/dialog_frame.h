@@ -59,6 +59,7 @@ class DialogFrame : public QDialog {
   void ArrangeToFit();
 
  private:
+  QMargins FrameMargins() const;
   void PlaceCentred();
 
   const QSize design_;
