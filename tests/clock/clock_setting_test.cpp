@@ -17,15 +17,10 @@ using LcdReadout = Scene;
 // read back from the segments says the same in words, colon or not.
 TEST_F(LcdReadout, TimesAndScores) {
   const char* const cases[][3] = {
-      {"090507 AM", "-905 am", "9:05 AM"}, {"100000 PM", "1000 pm:", "10:00 PM"},
-      {"120000 AM", "1200 am:", "12:00 AM"}, {"0", "---0 ", "0"},
-      {"120000 PM", "1200 pm:", "12:00 PM"}, {"015959 PM", "-159 pm", "1:59 PM"},
-      {"5", "---5 ", "5"},                  {"105", "-105 ", "105"},
-      {"100", "-100 ", "100"},              {"700", "-700 ", "700"},
-      {"70", "--70 ", "70"},                {"999", "-999 ", "999"},
-      {"101011 PM", "1010 pm", "10:10 PM"}, {"3", "---3 ", "3"},
-      {"111112 AM", "1111 am:", "11:11 AM"},
-  };
+      {"090507 AM", "-905 am", "9:05 AM"},  {"100000 PM", "1000 pm:", "10:00 PM"},
+      {"120000 AM", "1200 am:", "12:00 AM"}, {"0", "---0 ", "0"},   {"105", "-105 ", "105"},
+      {"120000 PM", "1200 pm:", "12:00 PM"}, {"70", "--70 ", "70"}, {"700", "-700 ", "700"},
+      {"111112 AM", "1111 am:", "11:11 AM"}};
   for (const auto& [text, shown, words] : cases) {
     const bool score = std::string(text).size() <= 3;
     score ? form.ShowScore(std::stoi(text)) : form.ShowTime(text);
@@ -63,8 +58,7 @@ TEST_F(ClockSetting, TheMinuteWrapsWithoutCarryAndTimeWritesTheEdit) {
   Tick(5);  // no step, no scene
   EXPECT_EQ(steps + std::to_string(form.DiverPos), "115900 PM 1;110000 PM 2;110100 PM 3;3");
   Down(By::Pointer, Obj::TimeButton);
-  EXPECT_EQ(Readout(), "1200 pm:");  // the stored alarm
-  EXPECT_TRUE(Lit(Obj::BabyNautrix));
+  EXPECT_TRUE(Readout() == "1200 pm:" && Lit(Obj::BabyNautrix));  // the stored alarm
   Up(By::Pointer, Obj::TimeButton);
   EXPECT_EQ(Joined(fake.calls), "SetTimeOfDay 11:01:00 PM");
   EXPECT_TRUE(form.ClockSetting == 0 && form.Timer1Interval() == 50);

@@ -69,15 +69,13 @@ TEST(Store, AStoreThatCannotBeWrittenStillServesTheRun) {
   for (const char* key : {"Sound", "Game A Speed"})
     platform.SaveSetting(kStoreApp, kStoreSection, key, "1");
   platform.DeleteSetting(kStoreApp, kStoreSection, "Game A Speed");
-  EXPECT_EQ(Get(platform, "Sound"), "1");
-  EXPECT_EQ(Get(platform, "Game A Speed"), "NotFound");
+  EXPECT_EQ(Get(platform, "Sound") + Get(platform, "Game A Speed"), "1NotFound");
   EXPECT_FALSE(QFile::exists(blocker + "/config/Tickplay Simulator.ini"));
   QFile::remove(blocker);
   platform.SaveSetting(kStoreApp, kStoreSection, "Alarm On", "False");
   QtPlatform fresh(false);
-  EXPECT_EQ(Get(fresh, "Sound"), "1");
-  EXPECT_EQ(Get(fresh, "Alarm On"), "False");
-  EXPECT_EQ(Get(fresh, "Game A Speed"), "NotFound");
+  EXPECT_EQ(Get(fresh, "Sound") + Get(fresh, "Alarm On") + Get(fresh, "Game A Speed"),
+            "1FalseNotFound");
 }
 
 // A write whose sync or rename fails, or that finds the folder's lock kept by
@@ -120,8 +118,7 @@ TEST(Store, AStoreThatIsALinkStaysALink) {
   EXPECT_EQ(Get(other, "Sound"), "True");
   one.SaveSetting(kStoreApp, kStoreSection, "Sound", "False");
   QCoreApplication::processEvents();
-  EXPECT_TRUE(QFileInfo(link).isSymLink());
-  EXPECT_EQ(FileText(target), "[Nautrix]\nSound=False\n");
+  EXPECT_TRUE(QFileInfo(link).isSymLink() && FileText(target) == "[Nautrix]\nSound=False\n");
   EXPECT_EQ(Get(other, "Sound"), "False");
 }
 
