@@ -91,9 +91,7 @@ TEST_F(SoundVoiceTest, WavesOfEveryCodingChannelCountAndRatePlay) {
         for (int f = 0; f < rate / 5 * channels; ++f) Put(raw, 2048 * (f % channels + 1), 2);
         const QString out = dir.path() + "/out.wav";
         const QString command = QString("sox -D -t raw -r %1 -e signed -b 16 -c %2 %3 %4 -t %5 %6")
-                                    .arg(rate)
-                                    .arg(channels)
-                                    .arg(Write("in.raw", raw), coding, type, out);
+            .arg(rate).arg(channels).arg(Write("in.raw", raw), coding, type, out);
         ASSERT_EQ(QProcess::execute("sh", {"-c", command}), 0) << command.toStdString();
         const Samples samples = Decode(FileText(out));
         EXPECT_TRUE(samples.size() == kVoiceRate / 5 && All(samples, 1024 * (channels + 1)))
