@@ -55,16 +55,5 @@ TEST_F(TimerTick, TheSecondsWorkRunsOnceAtEachChangeOfTheSecond) {
   EXPECT_EQ(form.DiverPos, 1);
 }
 
-// On the idle screen a held TIME key holds the readout still, while the
-// seconds go on (a score standing at every tick: the game keys' slides).
-TEST_F(TimerTick, TheIdleReadoutStandsWhileTimeIsHeld) {
-  fake.SetDeviceTime(21, 4, 2);
-  Tick();
-  form.CopyPicture(Button0(1), Obj::TimeButton);
-  fake.SetDeviceTime(9, 7, 31);
-  Tick();
-  EXPECT_EQ(Readout() + " " + std::to_string(form.LastSecond), "-904 pm: 31");
-}
-
 }  // namespace
 }  // namespace nautrix
