@@ -1,4 +1,6 @@
-// TENTACLES - the turns of the five tentacles in a game, beat by beat.
+// TENTACLES - the turns of the five tentacles in a game, beat by beat. (A
+// tentacle's growth a segment a turn, its stand at full length and its way
+// home are played in the diver's and the captures' scenes.)
 #include "tests/support/device_test.h"
 
 namespace nautrix {
@@ -8,35 +10,6 @@ constexpr float kStart = 0.0f;  // a start chance that holds (Int(r*5) = 0)
 constexpr float kFail = 0.99f;  // one that fails; also the fake's default
 
 using Tentacles = Scene;
-class Excursion : public Scene, public ::testing::WithParamInterface<int> {};
-
-// A tentacle that leaves the body grows one segment at each of its turns,
-// five ticks apart, stands at full length until its next turn, and is home
-// again after as many turns back, with a beat at every tick. The left pair
-// leaves only through its gate, which costs one turn: the first turn whose
-// chance holds opens it, the next picks one of the two.
-TEST_P(Excursion, OfEachTentacle) {
-  const int t = GetParam(), m = form.TentacleMax[t];
-  Play(1);
-  if (t >= 2) {
-    Tick(t);  // the turns before it, whose chances fail
-    Turn({kStart, kFail});
-  } else {
-    Turn({kFail, kStart});
-    Turn({kFail, kStart, t == 0 ? 0.2f : 0.7f});
-  }
-  for (int turn = 1; turn <= 2 * m; ++turn) {
-    EXPECT_EQ(form.TentacleLength[t], turn <= m ? turn : 2 * m - turn) << "turn " << turn;
-    EXPECT_EQ(form.TentacleDown[t] * 10 + form.TentacleBack[t],
-              (turn == m) * 10 + (turn >= m && turn < 2 * m));
-    if (turn < 2 * m) Tick(5);
-  }
-  // Two numbers a turn, one more on each turn back and one for the pick.
-  const int ticks = (t >= 2 ? t + 1 : 2) + 5 * (2 * m - 1);
-  EXPECT_EQ(fake.rnd_draws, 2 * ticks + m + (t <= 1 ? 1 : 0));
-  EXPECT_EQ(Beeped(), std::string(ticks, '0'));
-}
-INSTANTIATE_TEST_SUITE_P(Tentacles, Excursion, ::testing::Values(0, 1, 2, 3, 4));
 
 // Three times in five a tentacle at home leaves (a number below 0.6). When
 // the turn of tentacle 1 picks tentacle 0, tentacle 1's turn comes round
