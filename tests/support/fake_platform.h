@@ -105,9 +105,8 @@ class FakePlatform : public Platform {
   void Quit() override { calls.push_back("Quit"); }
 
  private:
-  static std::string Name(Dialog dialog) {
-    return dialog == Dialog::About ? "Form2" : dialog == Dialog::Options ? "Form3" : "Form4";
-  }
+  // The dialogs by their forms' names: Form2 About, Form3 Options, Form4 the leaflet.
+  static std::string Name(Dialog dialog) { return "Form" + std::to_string(2 + int(dialog)); }
 };
 
 // A dialog's window that records what the dialog asked of it.
