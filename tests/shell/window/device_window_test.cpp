@@ -95,9 +95,8 @@ TEST_F(DeviceWindowTest, AFramelessWindowRepaintsAndExplainsOnlyWhatShows) {
   EXPECT_EQ(rgb(window.grab(Area(Obj::Note)).toImage()),  // the note shows over the case
             rgb(PicturesFor(1)->Picture(Info(Obj::Note).picture)));
   form.Show(Obj::GameType0);  // shown, but disabled: the case answers
-  const std::pair<QPoint, const char*> kTips[] = {
-      {Inside(Obj::Note, 2, 2), "Musical note symbol"}, {Inside(Obj::GameType0, 1, 1), ""}};
-  for (const auto& [at, tip] : kTips) EXPECT_EQ(TipAt(at), tip) << tip;
+  EXPECT_EQ(TipAt(Inside(Obj::Note, 2, 2)) + "|" + TipAt(Inside(Obj::GameType0, 1, 1)),
+            "Musical note symbol|");
 }
 
 // The pressed object holds the pointer, with X and Y in twips from its own
