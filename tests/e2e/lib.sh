@@ -17,21 +17,15 @@ e2e_cleanup() {
   [ -n "$E2E_DIR" ] && rm -rf "$E2E_DIR"
 }
 
-e2e_fail() {
-  echo "FAIL: $*" >&2
-  exit 1
-}
+e2e_fail() { echo "FAIL: $*" >&2; exit 1; }
 
 # Fails unless $1 is $2; $3 says what was compared.
-e2e_expect_eq() {
-  [ "$1" = "$2" ] || e2e_fail "$3: expected '$2', got '$1'"
-}
+e2e_expect_eq() { [ "$1" = "$2" ] || e2e_fail "$3: expected '$2', got '$1'"; }
 
 # Polls a command for up to $1 seconds.
 e2e_wait_for() {
-  local seconds=$1
+  local deadline=$((SECONDS + $1))
   shift
-  local deadline=$((SECONDS + seconds))
   until "$@" >/dev/null 2>&1; do
     [ $SECONDS -lt $deadline ] || return 1
     sleep 0.1
