@@ -82,7 +82,7 @@ for rate in "660 25" "200 60"; do
   xdotool keydown 1
   e2e_wait_for 3 e2e_region_not "$idle" "${readout[@]}" || e2e_fail "no high score while GAME A is held $at"
   early=$(e2e_region "${readout[@]}")
-  sleep 1
+  sleep 1  # held on for a second
   late=$(e2e_region "${readout[@]}")
   xdotool keyup 1
   [ "$late" = "$early" ] || e2e_fail "the readout changed while GAME A was held $at"

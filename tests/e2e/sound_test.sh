@@ -39,12 +39,12 @@ e2e_setup
 export PULSE_SERVER=unix:$XDG_RUNTIME_DIR/pulse.sock
 
 start_game
-sleep 1.5
+sleep 1.5  # the game runs with no server for a while
 e2e_start_audio
 expect_beat "a server that appears after start-up"
 
 kill_audio
-sleep 1.5
+sleep 1.5  # the game runs on with its server gone
 e2e_alive "with its audio server"
 e2e_start_audio
 expect_beat "a server killed and started again"
@@ -55,7 +55,7 @@ kill_audio
 e2e_start_audio
 kill -STOP "$E2E_AUDIO"
 start_game
-sleep 0.5
+sleep 0.5  # the program is reaching the stalled server
 for sound in False True; do
   e2e_key s
   e2e_expect_setting Sound $sound "S with a stalled audio server"
@@ -72,13 +72,13 @@ e2e_start_app "$app"
 recording=$E2E_DIR/game.wav
 e2e_start_recording "$recording"
 e2e_key 1  # GAME A: the game starts at the release
-sleep $seconds
+sleep $seconds  # the game's span in the recording
 for ((wake = 0; wake < wakes; wake++)); do
   xdotool key s
   e2e_wait_for 5 sh -c 'pactl list sink-inputs | grep -q "Corked: yes"' ||
     e2e_fail "the voice did not sleep with the sound off"
   xdotool key s
-  sleep 0.8
+  sleep 0.8  # the next beats, heard on the woken voice
 done
 e2e_stop_recording
 e2e_alive "during the game"

@@ -44,7 +44,7 @@ e2e_expect_eq "$(e2e_setting Top)" "-330" "Top"
 
 # Shut-down writes nothing.
 before=$(md5sum "$store")
-sleep 1
+sleep 1  # the running program writes nothing either
 e2e_stop_app TERM
 e2e_expect_eq "$(md5sum "$store")" "$before" "store after shut-down"
 
@@ -64,7 +64,7 @@ sed -i -e 's/^Left=.*/Left=30000/' -e 's/^Top=.*/Top=20010/' "$store"
 e2e_start_app "$app"
 e2e_expect_position "691 570" "window from a place off the screen"
 xdotool mousemove --window "$E2E_WIN" --sync 10 150 click 1
-sleep 0.5
+sleep 0.5  # a place taken from the click would be stored by now
 e2e_expect_eq "$(e2e_setting Left) $(e2e_setting Top)" "30000 20010" "the place after a click"
 xdotool mousedown 1 mousemove --sync 690 710 mousemove --sync 671 700 mouseup 1
 e2e_expect_setting Left "9870" "Left after a drag"
@@ -78,7 +78,7 @@ px() { awk -v v="$1" -v f="$F" 'BEGIN {printf "%d", v * f + 0.5}'; }
 # Clicks the client point ($1, $2) of the device at its usual size.
 click() {
   xdotool mousemove --window "$E2E_WIN" --sync "$(px "$1")" "$(px "$2")" click 1
-  sleep 0.3
+  sleep 0.3  # keys clicked apart, as a hand clicks them
 }
 
 # The window stands at the device point ($1, $2), with the scaled size.

@@ -34,7 +34,7 @@ sed -i -e 's/^Sound=.*/Sound=False/' -e 's/^Alarm%20On=.*/Alarm%20On=True/' "$st
 copy A
 copy B
 xdotool windowmove --sync "$B_WIN" 400 300
-sleep 0.5
+sleep 0.5  # the note is read once both have drawn their moved windows
 lit_note=$(region A "${note[@]}")
 keys A a Right Right t
 e2e_expect_setting 'Alarm Time' "120200 PM" "Alarm Time stored by A"

@@ -51,7 +51,7 @@ e2e_pointer_to 700 500
 menu_enter h
 read -r x y < <(e2e_menu_open)
 [ "$x" -lt 333 ] && [ "$y" -lt 198 ] || e2e_fail "Enter's menu opened at $x $y, away from the device"
-sleep 0.3
+sleep 0.3  # H, taken, hides the window at once
 e2e_window_shown || e2e_fail "the window hid with no tray to come back from"
 xdotool key Escape
 e2e_wait_for 3 eval '! e2e_menu_open' || e2e_fail "Escape did not close the menu"
@@ -98,7 +98,7 @@ menu_enter h
 e2e_wait_for 3 e2e_hidden || e2e_fail "Hide from the menu did not hide the window"
 to_icon
 xdotool mousedown 3
-sleep 0.5
+sleep 0.5  # the press held: a menu opened at the press would show by now
 ! e2e_menu_open >/dev/null || e2e_fail "the icon's menu opened at the right press"
 xdotool mouseup 3
 e2e_wait_for 3 e2e_menu_open || e2e_fail "a right click on the icon opened no menu"

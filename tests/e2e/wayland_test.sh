@@ -27,7 +27,7 @@ e2e_wait_for 10 grep -q 'create_buffer(.*, 333, 198,' "$log" ||
 grep -q 'set_title("Nautrix")' "$log" || e2e_fail "the window is not titled Nautrix"
 grep -q 'set_app_id("org.tickplaysim.Nautrix")' "$log" || e2e_fail "the window does not carry the desktop id"
 first=$(grep -c 'wl_surface@[0-9]*\.commit' "$log")
-sleep 2.5
+sleep 2.5  # the frames of that time are counted
 frames=$(($(grep -c 'wl_surface@[0-9]*\.commit' "$log") - first))
 [ "$frames" -ge 2 ] || e2e_fail "$frames frames in 2.5 s: the device does not draw on"
 e2e_alive "on Wayland"
@@ -42,7 +42,7 @@ log=$E2E_DIR/xwayland.log
 e2e_start_app "$app" "$log"
 size=$(xwininfo -id "$E2E_WIN" | awk '/^ *Width/ {w=$2} /^ *Height/ {h=$2} END {print w "x" h}')
 [ "$size" = 333x198 ] || e2e_fail "the window on XWayland is $size"
-sleep 1
+sleep 1  # a second of running on XWayland
 e2e_alive "on XWayland"
 e2e_stop_app
 [ ! -s "$log" ] || e2e_fail "on XWayland the program spoke Wayland or printed: $(head -n 3 "$log")"
