@@ -16,6 +16,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <random>
 #include <vector>
 
@@ -85,9 +86,7 @@ class Stream : public FakePlatform {
     Nest([&] {
       for (int n = Pick(4); n > 0; --n) {
         const int roll = Pick(3);
-        if (roll == 0) Tick();
-        else if (roll == 1) TrayMessage();
-        else DialogEvent();
+        roll == 0 ? Tick() : roll == 1 ? TrayMessage() : DialogEvent();
       }
       if (Chance(0.7)) MenuItem();
     });
@@ -95,10 +94,7 @@ class Stream : public FakePlatform {
   // A yield inside a drag: ticks, and more moves of the held buttons.
   void ProcessEvents() override {
     Nest([&] {
-      for (int n = Pick(3); n > 0; --n) {
-        if (Chance(0.5)) Tick();
-        else PointerEvent(4);
-      }
+      for (int n = Pick(3); n > 0; --n) Chance(0.5) ? Tick() : PointerEvent(4);
     });
   }
   // A second request brings the open one forward.
@@ -112,8 +108,7 @@ class Stream : public FakePlatform {
   void SaveSetting(const std::string& app, const std::string& section, const std::string& key,
                    const std::string& value) override {
     FakePlatform::SaveSetting(app, section, key, value);
-    const bool high = key == store::kGameAHighScore || key == store::kGameBHighScore;
-    reached[5] += high && value != "0";
+    reached[5] += (key == store::kGameAHighScore || key == store::kGameBHighScore) && value != "0";
   }
 
  private:
@@ -127,10 +122,7 @@ class Stream : public FakePlatform {
 
   // Events one level deeper, unless the nesting is at its deepest.
   void Nest(const std::function<void()>& events) {
-    if (depth_ >= kDeepest) return;
-    ++depth_;
-    events();
-    --depth_;
+    if (depth_ < kDeepest) ++depth_, events(), --depth_;
   }
 
   // One event, then the record's invariants; a run that has ended takes no
@@ -138,14 +130,12 @@ class Stream : public FakePlatform {
   void Deliver(const char* what, const std::function<void()>& event, bool tick = false) {
     if (quit_ || !failure.empty()) return;
     ++events;
-    if (tick && asleep_ && seconds == asleep_at_) ++slept;
+    if (tick && asleep_in_ == seconds) ++slept;
     else event();
     if (quit_) return;
-    asleep_ = sleeps_ && tick && form_->MaySleepToNextSecond();
-    asleep_at_ = seconds;
-    const std::string broken = InvariantViolations(*form_);
-    if (!broken.empty() && failure.empty())
-      failure = std::string(what) + " at event " + std::to_string(events) + ":\n" + broken + " score " + std::to_string(form_->Score) + " misses " + std::to_string(form_->Misses)+ " was " + std::to_string(seen_.Misses) + " playing " + std::to_string(form_->Playing);
+    asleep_in_ = sleeps_ && tick && form_->MaySleepToNextSecond() ? std::optional(seconds) : std::nullopt;
+    if (const std::string broken = InvariantViolations(*form_); !broken.empty())
+      failure = std::string(what) + " at event " + std::to_string(events) + ":\n" + broken;
     Note();
     if (printing_) Print();
   }
@@ -153,9 +143,9 @@ class Stream : public FakePlatform {
   // What the event moved on since the last one.
   void Note() {
     const Form1& f = *form_;
-    int growths = 0;
-    for (int t = 0; t <= 4; ++t) growths += f.Playing && f.TentacleLength[t] > seen_.TentacleLength[t];
-    const bool moved[] = {f.Playing && !seen_.Playing, growths > 0,
+    bool grew = false;
+    for (int t = 0; t <= 4; ++t) grew |= f.Playing && f.TentacleLength[t] > seen_.TentacleLength[t];
+    const bool moved[] = {f.Playing && !seen_.Playing, grew,
                           f.Playing && f.CaptureBeats == 11 && seen_.CaptureBeats != 11,
                           f.Playing && f.Misses > seen_.Misses && f.Misses <= 3,
                           f.Misses == 4 && seen_.Misses != 4, false,
@@ -172,11 +162,8 @@ class Stream : public FakePlatform {
   // since the last event, the interval and the clock.
   void Print() {
     std::string print = std::to_string(seconds) + " " + std::to_string(form_->Timer1Interval());
-    for (int o = 0; o <= kObjectCount; ++o) {
-      const Obj object = static_cast<Obj>(o);
-      print += std::to_string(form_->IsVisible(object)) + ":" +
-               std::to_string(static_cast<int>(form_->Picture(object))) + ",";
-    }
+    for (int o = 0; o <= kObjectCount; ++o)
+      print += std::to_string(form_->IsVisible(Obj(o))) + ":" + std::to_string(int(form_->Picture(Obj(o)))) + ",";
     for (const auto& [key, value] : store) print += key + "=" + value + ";";
     for (const auto& t : sounds) print += t + ";";
     for (const auto& t : calls) print += t + ";";
@@ -187,9 +174,7 @@ class Stream : public FakePlatform {
   void StartRun() {
     about_.reset(), options_.reset(), leaflet_.reset();
     form_ = std::make_unique<Form1>(*this);
-    quit_ = false;
-    held_ = 0;
-    captured_ = Obj::Count;
+    quit_ = false, held_ = 0, captured_ = Obj::Count;
     Deliver("Form_Load", [&] { form_->Form_Load(); });
   }
 
@@ -263,8 +248,7 @@ class Stream : public FakePlatform {
     int button = 1 << Pick(3);
     if (kind < 3) {
       if (held_ & button) return;
-      held_ |= button;
-      captured_ = o;
+      held_ |= button, captured_ = o;
       Deliver("press", [&] { form_->MouseDown(o, button, shift, x, y); });
     } else if (kind < 6) {
       Deliver("move", [&] { form_->MouseMove(o, held_, shift, x, y); });
@@ -275,8 +259,7 @@ class Stream : public FakePlatform {
       if (held_ == 0) captured_ = Obj::Count;
       Deliver("release", [&] { form_->MouseUp(o, button, shift, x, y); });
     } else if (held_ == 0) {
-      held_ = 1;
-      captured_ = o;
+      held_ = 1, captured_ = o;
       Deliver("double click", [&] { form_->DblClick(o); });
     }
   }
@@ -316,10 +299,8 @@ class Stream : public FakePlatform {
       case 2: return d.DragThumb(bar, Between(-50, 500));
       case 3: return d.ReleaseThumb(bar);
       case 4: return d.SetValue(Chance(0.5) ? d.SoundOn : d.SoundOff, Chance(0.5));
-      case 5: return d.SetValue(d.Check1, Pick(2));
-      case 6: return d.SetValue(d.Check2, Pick(2));
-      case 7: return d.Command1_Click();
-      case 8: return d.Command2_Click();
+      case 5: case 6: return d.SetValue(Chance(0.5) ? d.Check1 : d.Check2, Pick(2));
+      case 7: case 8: return Chance(0.5) ? d.Command1_Click() : d.Command2_Click();
       case 9: case 10: return d.Command3_Click();
       default: return d.Command4_Click();
     }
@@ -353,7 +334,7 @@ class Stream : public FakePlatform {
         "-32769",    "1e40",      "nan",       "inf",        "-45",         "2.5",
         "120000 PM", "125900 AM", "010000 PM", "130000 AM",  "12:00",       "000000 AM",
         "NotFound",  " 300 ",     "0x1F",      "\xff\xfe",   "True, False", "9999999999999"};
-    asleep_ = false;  // the store's watch brings the beat back
+    asleep_in_.reset();  // the store's watch brings the beat back
     const std::string key = keys_[Pick(keys_.size())];
     if (Chance(0.15)) return void(store.erase(key));
     std::string value = kValues[Pick(std::size(kValues))];
@@ -365,8 +346,7 @@ class Stream : public FakePlatform {
   }
 
   const bool sleeps_, printing_;
-  bool asleep_ = false;  // Timer1 sleeps to the next second
-  int asleep_at_ = 0;    // the second in which it fell asleep
+  std::optional<int> asleep_in_;  // the second to whose end Timer1 sleeps
   Form1 seen_{*this};    // the fields Note compares, as the last event left them
   std::mt19937_64 gen_;
   std::unique_ptr<Form1> form_;

@@ -1,8 +1,9 @@
 // The device window and its platform under the offscreen platform: the
 // frameless window at its stored position in twips, repaints and tooltips of
 // what changed, the pointer held by the pressed object and the keyboard's
-// codes. The device's own clock is the e2e tier's: its tray test sets it to
-// the alarm's minute with the keys and sees the alarm ring.
+// codes; Timer1's sleep between beats. The device's own clock is the e2e
+// tier's: its tray test sets it to the alarm's minute with the keys and sees
+// the alarm ring.
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -10,6 +11,7 @@
 #include <QEventLoop>
 #include <QTimer>
 #include <QToolTip>
+#include <functional>
 
 #include <gtest/gtest.h>
 
@@ -23,6 +25,16 @@ QRect Area(Obj o) {
   return QRect(Info(o).rect.left, Info(o).rect.top, Info(o).rect.width, Info(o).rect.height);
 }
 QPoint Inside(Obj o, int dx, int dy) { return Area(o).topLeft() + QPoint(dx, dy); }
+
+// Runs the event loop until `done`, for `ms` at the most.
+bool RunUntil(const std::function<bool()>& done, int ms) {
+  for (int waited = 0; !done() && waited < ms; waited += 10) {
+    QEventLoop loop;
+    QTimer::singleShot(10, &loop, &QEventLoop::quit);
+    loop.exec();
+  }
+  return done();
+}
 
 // What the paint events of a widget asked to repaint.
 struct PaintRecorder : QObject {
@@ -103,7 +115,7 @@ TEST_F(DeviceWindowTest, AFramelessWindowRepaintsAndExplainsOnlyWhatShows) {
 // corner, over other objects, until the release: a segment drags the window
 // along (what the drag stores, and a double click, are the e2e tier's); a
 // key let go elsewhere comes up.
-TEST_F(DeviceWindowTest, ThePressedObjectHoldsThePointerUntilTheRelease) {
+TEST_F(DeviceWindowTest, ThePressedObjectHoldsThePointerUntilTheReleaseAndDrags) {
   const QPoint grip = Inside(Obj::Nautrix0, 3, 2);  // (164, 77), in a window at (100, 100)
   Press(grip);
   EXPECT_TRUE(window.Captured() == Obj::Nautrix0 && form.DragX == 45 && form.DragY == 30);
@@ -121,6 +133,27 @@ TEST_F(DeviceWindowTest, ThePressedObjectHoldsThePointerUntilTheRelease) {
   EXPECT_TRUE(window.Captured() == Obj::LeftButton && !form.Dragging);
   Release({300, 190});
   EXPECT_TRUE(window.Captured() == Obj::Count && form.SamePicture(Obj::LeftButton, Button1(0)));
+
+  // Where only the compositor may move a window (native Wayland), a drag of
+  // the case asks it to, once the pointer has really moved, and the drag ends
+  // there; a click and a double click stay what they are. Leaving the window
+  // ends the logo's light.
+  int moves = 0;
+  window.SetSystemMove([&] { return ++moves, true; });
+  const QPoint case_grip = Inside(Obj::FrontCase, 200, 150);
+  Press(case_grip);
+  MoveTo(window.ClientPos() + case_grip + QPoint(1, 0));
+  Release(case_grip);
+  Mouse(QEvent::MouseButtonDblClick, case_grip, Qt::LeftButton, Qt::LeftButton);
+  EXPECT_TRUE(form.mBack.Checked && moves == 0);
+  Press(case_grip);
+  MoveTo(window.ClientPos() + case_grip + QPoint(40, 0));
+  MoveTo(window.ClientPos() + case_grip + QPoint(80, 0));
+  EXPECT_TRUE(moves == 1 && !form.Dragging && window.ClientPos() == QPoint(-34, 63));
+  form.Logo_MouseMove(0, 0, 0, 0);
+  QEvent leave(QEvent::Leave);
+  QCoreApplication::sendEvent(&window, &leave);
+  EXPECT_TRUE(form.SamePicture(Obj::Logo, TPLogo(0)));
 }
 
 // A device placed where the screens do not show all of it comes up wholly
@@ -136,29 +169,6 @@ TEST(Placement, ADeviceOffTheScreensComesUpWhollyOnTheNearest) {
       {{500, 700}, {500, 570}},     {{950, 780}, {1024, 762}}};  // a corner shown, partly on each
   for (const auto& [stored, shown] : kPlaces)
     EXPECT_EQ(OnScreen(QRect(stored, QSize(333, 198)), kScreens), shown) << stored.x();
-}
-
-// Where only the compositor may move a window (native Wayland), a drag of
-// the case asks it to, once the pointer has really moved, and the drag ends
-// there; a click and a double click stay what they are. Leaving the window
-// ends the logo's light.
-TEST_F(DeviceWindowTest, WhereTheCompositorMovesWindowsTheCaseAsksItTo) {
-  int moves = 0;
-  window.SetSystemMove([&] { return ++moves, true; });
-  const QPoint grip = Inside(Obj::FrontCase, 200, 150);
-  Press(grip);
-  MoveTo(window.ClientPos() + grip + QPoint(1, 0));
-  Release(grip);
-  Mouse(QEvent::MouseButtonDblClick, grip, Qt::LeftButton, Qt::LeftButton);
-  EXPECT_TRUE(form.mBack.Checked && moves == 0);
-  Press(grip);
-  MoveTo(window.ClientPos() + grip + QPoint(40, 0));
-  MoveTo(window.ClientPos() + grip + QPoint(80, 0));
-  EXPECT_TRUE(moves == 1 && !form.Dragging && window.ClientPos() == QPoint(100, 100));
-  form.Logo_MouseMove(0, 0, 0, 0);
-  QEvent leave(QEvent::Leave);
-  QCoreApplication::sendEvent(&window, &leave);
-  EXPECT_TRUE(form.SamePicture(Obj::Logo, TPLogo(0)));
 }
 
 // Keys as an X server reports them (Qt's key, native scan code and keysym)
@@ -184,27 +194,49 @@ TEST(KeyCodes, TheDesktopsKeysInTheDevicesCodes) {
 // followed by a press of the same key at another time is two presses, and a
 // click after a release comes after it.
 TEST_F(DeviceWindowTest, AHoldWhoseRepeatsComeUnmarkedIsOnePress) {
-  const auto hold = [&](int key, quint64 from, quint64 to) {
-    Key(QEvent::KeyPress, key, from);
-    for (quint64 t = from + 500; t < to; t += 40) {
-      Key(QEvent::KeyRelease, key, t), Key(QEvent::KeyPress, key, t);
-    }
-    Key(QEvent::KeyRelease, key, to);
+  const auto hold = [&](quint64 from, quint64 to) {
+    Key(QEvent::KeyPress, Qt::Key_S, from);
+    for (quint64 t = from + 500; t < to; t += 40)
+      Key(QEvent::KeyRelease, Qt::Key_S, t), Key(QEvent::KeyPress, Qt::Key_S, t);
+    Key(QEvent::KeyRelease, Qt::Key_S, to);
   };
   const bool sound = form.mSound.Checked;
-  hold(Qt::Key_S, 100, 1000);
+  hold(100, 1000);
   EXPECT_TRUE(form.KeyLatch && form.mSound.Checked == sound) << "released before the queue drained";
-  QEventLoop drain;  // the events on their way come in, and the release held back goes
-  QTimer::singleShot(60, &drain, &QEventLoop::quit);
-  drain.exec();
+  // The events on their way come in, and the release held back goes.
+  RunUntil([] { return false; }, 60);
   EXPECT_FALSE(form.KeyLatch || form.mSound.Checked == sound);
 
-  hold(Qt::Key_S, 5000, 5100);
+  hold(5000, 5100);
   Key(QEvent::KeyPress, Qt::Key_S, 5120);
   EXPECT_TRUE(form.KeyLatch && form.mSound.Checked == sound);
   Key(QEvent::KeyRelease, Qt::Key_S, 5200);
   Press(Inside(Obj::GameAButton, 2, 2));
   EXPECT_TRUE(!form.KeyLatch && form.mSound.Checked != sound && form.PressedKey == 1);
+}
+
+// The idle device's Timer1 sleeps to the edge of the next second; a computer
+// clock that someone sets brings the beat back at once (the readout follows
+// long before the sleep would end), and a key down (GAME A) holds it until
+// its release starts the game. The computer's clock is the platform's seam.
+TEST(Timer1Sleep, TheIdleDeviceSleepsAndAnEventOrASetClockWakesIt) {
+  DesktopDevice d;
+  int now = (9 * 3600 + 5) * 1000 + 400;  // 09:00:05.400 on the computer
+  d.platform.computer_time_ms = [&now] { return now; };
+  d.Load();
+  d.platform.StartTimer1();
+  const auto asleep = [&d] { return d.platform.Asleep(); };
+  const auto hour_shown = [&d](int h) { return d.form.SamePicture(HourDigit(1), Number(h)); };
+  EXPECT_TRUE(RunUntil(asleep, 2000) && hour_shown(9));
+  now += 3600 * 1000;
+  d.platform.ClockWasSet();
+  EXPECT_FALSE(asleep());
+  EXPECT_TRUE(RunUntil([&] { return hour_shown(0); }, 400) && RunUntil(asleep, 2000));
+  QKeyEvent down(QEvent::KeyPress, Qt::Key_1, {}, QStringLiteral("1"));
+  QCoreApplication::sendEvent(&d.window, &down);
+  EXPECT_FALSE(asleep());
+  RunUntil(asleep, 120);
+  EXPECT_FALSE(asleep());
 }
 
 }  // namespace
