@@ -40,9 +40,7 @@ struct Open {
   explicit Open(Form1& device) : form(device, window) { form.Form_Load(); }
 };
 template <typename Form>
-bool Usable(const std::unique_ptr<Open<Form>>& d) {
-  return d && d->window.unloads == 0;
-}
+bool Usable(const std::unique_ptr<Open<Form>>& d) { return d && d->window.unloads == 0; }
 
 // The stream is the device's platform: its event loop runs more of the
 // stream while the popup menu is open and while a drag yields. A stream that
@@ -163,7 +161,7 @@ class Stream : public FakePlatform {
   void Print() {
     std::string print = std::to_string(seconds) + " " + std::to_string(form_->Timer1Interval());
     for (int o = 0; o <= kObjectCount; ++o)
-      print += std::to_string(form_->IsVisible(Obj(o))) + ":" + std::to_string(int(form_->Picture(Obj(o)))) + ",";
+      print += (form_->IsVisible(Obj(o)) ? "+" : "-") + std::to_string(int(form_->Picture(Obj(o))));
     for (const auto& [key, value] : store) print += key + "=" + value + ";";
     for (const auto& t : sounds) print += t + ";";
     for (const auto& t : calls) print += t + ";";
@@ -311,9 +309,8 @@ class Stream : public FakePlatform {
     static const Handler kPointer[] = {&Form4::Picture1_MouseDown, &Form4::Picture1_MouseMove,
                                        &Form4::Picture1_MouseMove, &Form4::Picture1_MouseUp};
     Form4& d = leaflet_->form;
-    if (Chance(0.2)) {
+    if (Chance(0.2))
       return d.Form_KeyDown(Chance(0.9) ? kKeys[Pick(std::size(kKeys))] : Pick(256), Pick(8));
-    }
     (d.*kPointer[Pick(4)])(Pick(3) ? Button() : Pick(8), Pick(8), Twips(), Twips());
   }
   void AboutEvent() {
