@@ -44,6 +44,15 @@ struct PaintRecorder : QObject {
     return false;
   }
 };
+// What a widget repaints for a change, and no earlier change.
+QRegion PaintedBy(QWidget& widget, const std::function<void()>& change) {
+  QCoreApplication::processEvents();
+  PaintRecorder recorder;
+  widget.installEventFilter(&recorder);
+  change();
+  QCoreApplication::processEvents();
+  return recorder.painted;
+}
 
 class DeviceWindowTest : public ::testing::Test, protected DesktopDevice {
  protected:
@@ -85,24 +94,14 @@ class DeviceWindowTest : public ::testing::Test, protected DesktopDevice {
 TEST_F(DeviceWindowTest, AFramelessWindowRepaintsAndExplainsOnlyWhatShows) {
   EXPECT_EQ(window.ClientPos(), QPoint(100, 100));
   window.show();
-  PaintRecorder recorder;
-  window.installEventFilter(&recorder);
-  const auto painted_by = [&](auto change) {
-    QCoreApplication::processEvents();
-    recorder.painted = QRegion();
-    change();
-    QCoreApplication::processEvents();
-    return recorder.painted;
-  };
   EXPECT_EQ(TipAt(Inside(Obj::Note, 2, 2)), "");  // the note, hidden, has no say
-  EXPECT_EQ(painted_by([&] { form.Show(Obj::Note), form.Show(Obj::BabyNautrix); }),
+  EXPECT_EQ(PaintedBy(window, [&] { form.Show(Obj::Note), form.Show(Obj::BabyNautrix); }),
             QRegion(Area(Obj::Note)) + Area(Obj::BabyNautrix));
-  EXPECT_TRUE(painted_by([&] {
+  EXPECT_TRUE(PaintedBy(window, [&] {
     form.Show(Obj::Note), form.CopyPicture(Button0(0), Obj::GameAButton);
   }).isEmpty());
-  EXPECT_EQ(painted_by([&] { form.CopyPicture(Button0(1), Obj::GameAButton); }),
+  EXPECT_EQ(PaintedBy(window, [&] { form.CopyPicture(Button0(1), Obj::GameAButton); }),
             QRegion(Area(Obj::GameAButton)));
-  window.removeEventFilter(&recorder);
   const auto rgb = [](const QImage& image) { return image.convertToFormat(QImage::Format_RGB32); };
   EXPECT_EQ(rgb(window.grab(Area(Obj::Note)).toImage()),  // the note shows over the case
             rgb(PicturesFor(1)->Picture(Info(Obj::Note).picture)));
