@@ -70,9 +70,7 @@ class DeviceWindowTest : public ::testing::Test, protected DesktopDevice {
   void Press(QPoint at) { Mouse(QEvent::MouseButtonPress, at, Qt::LeftButton, Qt::LeftButton); }
   void Release(QPoint at) { Mouse(QEvent::MouseButtonRelease, at, {}, Qt::LeftButton); }
   // A held move to a screen point, wherever the window stands now.
-  void MoveTo(QPoint global, Qt::MouseButtons held = Qt::LeftButton) {
-    Mouse(QEvent::MouseMove, global - window.ClientPos(), held);
-  }
+  void MoveTo(QPoint global) { Mouse(QEvent::MouseMove, global - window.ClientPos(), Qt::LeftButton); }
   // A key event with the server's time stamp.
   void Key(QEvent::Type type, int key, quint64 time) {
     QKeyEvent event(type, key, {});
