@@ -49,7 +49,7 @@ man_warnings=$(zcat "$prefix/share/man/man6/nautrix.6.gz" | groff -man -ww -z -T
 
 # The installed program plays a game, heard on the sound server.
 e2e_start_audio
-e2e_start_level_monitor
+e2e_record
 e2e_start_app "$prefix/bin/nautrix"
 e2e_key 1
 e2e_wait_for 10 e2e_beat_heard || e2e_fail "the installed program's Game A is not heard at its beat"

@@ -15,24 +15,14 @@ source "$(dirname "$0")/lib.sh"
 app=$1
 
 expect_beat() {
-  e2e_start_level_monitor
+  e2e_record
   e2e_wait_for 15 e2e_beat_heard || e2e_fail "$1: the beat is not heard"
   echo "sound: $1: the beat is heard"
 }
 
-kill_audio() {
-  { kill -KILL "$E2E_AUDIO" && wait "$E2E_AUDIO"; } 2>/dev/null || true
-}
-
-start_game() {
-  e2e_start_app "$app"
-  e2e_key 1
-}
-
-stop_game() {
-  e2e_stop_app
-  e2e_expect_quiet "with the audio server coming and going"
-}
+kill_audio() { { kill -KILL "$E2E_AUDIO" && wait "$E2E_AUDIO"; } 2>/dev/null || true; }
+start_game() { e2e_start_app "$app" && e2e_key 1; }
+stop_game() { e2e_stop_app && e2e_expect_quiet "with the audio server coming and going"; }
 
 e2e_setup
 # Where the server will be; none is there yet.
@@ -65,12 +55,9 @@ expect_beat "a stalled server that goes on"
 stop_game
 
 # --- A game heard beat by beat, and the sleeping voice woken.
-beat_ms=220
-seconds=8
-wakes=3
+beat_ms=220 seconds=8 wakes=3
 e2e_start_app "$app"
-recording=$E2E_DIR/game.wav
-e2e_start_recording "$recording"
+e2e_record "$E2E_DIR/game.raw"
 e2e_key 1  # GAME A: the game starts at the release
 sleep $seconds  # the game's span in the recording
 for ((wake = 0; wake < wakes; wake++)); do
@@ -80,10 +67,8 @@ for ((wake = 0; wake < wakes; wake++)); do
   xdotool key s
   sleep 0.8  # the next beats, heard on the woken voice
 done
-e2e_stop_recording
 e2e_alive "during the game"
-
-e2e_onsets "$recording" >"$E2E_DIR/onsets"
+e2e_onsets <"$E2E_DIR/game.raw" >"$E2E_DIR/onsets"
 
 # The game's beeps are the first unbroken run; each wake starts a run apart.
 read -r onsets first last wake_runs < <(
@@ -115,8 +100,7 @@ library=$(ldconfig -p | awk '/libpulse\.so\.0 / {found = $NF} END {print found}'
 printf '#!/bin/sh\nmount --bind /dev/null "%s" && exec "%s"\n' "$library" "$app" >"$E2E_DIR/bare"
 printf '#!/bin/sh\nexec unshare -m --propagation private sh "%s"\n' "$E2E_DIR/bare" >"$E2E_DIR/bare-app"
 chmod +x "$E2E_DIR/bare-app"
-app=$E2E_DIR/bare-app start_game
-e2e_start_level_monitor
+app=$E2E_DIR/bare-app start_game  # heard by the stalled server's part's recorder
 e2e_key s
 e2e_expect_setting Sound False "S without the library"
 e2e_key s
