@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # The dialogs as a user meets them: a first run's leaflet, centred and above,
-# turned by its keys and by the pointer, dragged, and closed by Esc; O opens
-# one Options however often it is pressed, and brings it back minimised;
-# Home and Enter there store the slowest Game B (a game takes it from the
-# store: the core's dialog tests); About, its frame centred and its title
-# without minimise or maximise, has a mail link that changes its look while
-# pressed and reaches the desktop's opener as "mailto:"; neither a talkative
-# opener nor none at all puts a word on the terminal; a second run shows no
-# leaflet.
+# turned by the pointer, dragged, and closed by Esc; O brings Options back
+# minimised; Home and Enter there store the slowest Game B; About, its frame
+# centred and its title without minimise or maximise, has a mail link that
+# changes its look while pressed and reaches the desktop's opener as
+# "mailto:"; neither a talkative opener nor none at all puts a word on the
+# terminal. (The pages by their keys, one Options however often O is pressed
+# and no leaflet once the store is whole are the dialogs' and the core's
+# start-up tests.)
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
@@ -58,47 +58,32 @@ trace_page() {
   [ "$i" -lt "$pages" ] || mv "$E2E_DIR/shot.png" "$E2E_DIR/page$((pages++)).png"
   trace+=${letters:i:1}
 }
-trace=""
-for key in Next Home End Return Left Right Up Down BackSpace Prior; do
-  xdotool key "$key"
-  trace_page
-done
-e2e_expect_eq "$trace" "bacacacacd" "pages after PgDn Home End Enter Left Right Up Down Backspace PgUp from the cover"
 
 # The pointer on the sheet, from the cover: a left click turns on at its
 # release, a right click back; a drag moves the sheet by the pointer's way
 # and turns nothing.
-xdotool key Home mousemove --window "$leaflet" 200 120
+xdotool mousemove --window "$leaflet" 200 120
 trace=""
-xdotool mousedown 1
-trace_page
-xdotool mouseup 1
-trace_page
-xdotool click 3
-trace_page
+for press in "mousedown 1" "mouseup 1" "click 3"; do xdotool $press && trace_page; done
 read -r x y < <(e2e_window_position "$leaflet")
 xdotool mousedown 1 sleep 0.1 mousemove_relative 10 5 sleep 0.1 mousemove_relative 20 15 sleep 0.1 mouseup 1
 trace_page
 e2e_expect_eq "$trace" "abaa" "pages after a left press, its release, a right click and a drag"
 e2e_expect_eq "$(e2e_window_position "$leaflet")" "$((x + 30)) $((y + 20))" "the leaflet's place after the drag"
 xdotool key Escape
-e2e_wait_for 3 sh -c "! xwininfo -id $leaflet >/dev/null 2>&1" || e2e_fail "Esc left the leaflet open"
+e2e_wait_for 3 ! xwininfo -id "$leaflet" || e2e_fail "Esc left the leaflet open"
 
 # --- Options: the focus on the Game B bar; Home, then Enter for OK, held
 # as a hand holds it. Its release, which comes to the device window, is no
 # Enter of the device's: no popup menu opens.
 e2e_key o
 e2e_wait_for 3 xdotool search --onlyvisible --name '^Nautrix Options$' || e2e_fail "O opened no options"
-e2e_key o
-sleep 0.3
-options_shown=$(xdotool search --onlyvisible --name '^Nautrix Options$' | wc -l)
-e2e_expect_eq "$options_shown" 1 "options windows after O twice"
 options=$(xdotool search --onlyvisible --name '^Nautrix Options$' | head -n1)
 xdotool windowminimize --sync "$options"
 e2e_key o
 e2e_wait_for 3 xdotool search --onlyvisible --name '^Nautrix Options$' || e2e_fail "O left the options minimised"
 xdotool windowactivate --sync "$options" key Home keydown Return sleep 0.3 keyup Return
-e2e_wait_for 3 sh -c "! xwininfo -id $options >/dev/null 2>&1" || e2e_fail "Enter left the options open"
+e2e_wait_for 3 ! xwininfo -id "$options" || e2e_fail "Enter left the options open"
 e2e_expect_setting 'Game B Speed' 441 "Game B Speed after Home and OK"
 sleep 0.3
 e2e_expect_eq "$(xdotool search --onlyvisible --pid "$E2E_APP" | wc -l)" 1 "windows shown after OK by Enter"
@@ -127,9 +112,4 @@ xdotool windowactivate --sync "$about" key Escape
 
 e2e_stop_app
 e2e_expect_quiet "with the dialogs"
-
-# --- A second run: the store is complete, so no leaflet.
-e2e_start_app "$app"
-sleep 1.5
-! window_of_size 413x250 >/dev/null || e2e_fail "the leaflet opened at a second run"
 echo "dialogs: 1 passed, 0 failed"

@@ -67,10 +67,8 @@ xset r rate 660 25
 # French the key that types "&" starts Game A, A (where US has Q) is ALARM and
 # Q is nothing; on Russian the keys where S, A and T stand toggle the sound
 # and set the alarm.
-layout() {
-  setxkbmap "$1"
-  sleep 0.3  # the program takes the new key map; nothing shows when it has
-}
+# The program takes the new key map in a moment; nothing shows when it has.
+layout() { setxkbmap "$1" && sleep 0.3; }
 # Taps keys with the real keyboard of the X server, as the layout has them.
 tap() { local k; for k; do xdotool key "$k" sleep 0.15; done; }
 expect_sound_toggle() {

@@ -172,13 +172,8 @@ e2e_expect_position() {
 }
 e2e_placed() { [ "$(e2e_window_position)" = "$1" ]; }
 
-# A value of the store file, or "<missing>".
-e2e_setting() {
-  local key=${1// /%20}
-  local line
-  line=$(grep -E "^${key}=" "$(e2e_store)" 2>/dev/null | head -n1 || true)
-  if [ -z "$line" ]; then echo "<missing>"; else echo "${line#*=}"; fi
-}
+# The value of the key $1 in the store file; nothing when it is missing.
+e2e_setting() { sed -n "/^${1// /%20}=/{s///p;q}" "$(e2e_store)" 2>/dev/null || true; }
 
 # True while the store's key $1 holds $2 (for waits, which poll it afresh).
 e2e_setting_is() { [ "$(e2e_setting "$1")" = "$2" ]; }

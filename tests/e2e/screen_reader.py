@@ -36,10 +36,8 @@ def text_of(node):
 
 def states(node):
     state = node.getState()
-    marks = {"invisible": not state.contains(pyatspi.STATE_VISIBLE),
-             "pressed": state.contains(pyatspi.STATE_PRESSED),
-             "read-only": state.contains(pyatspi.STATE_READ_ONLY)}
-    return ",".join(mark for mark, on in marks.items() if on)
+    return ",".join(mark for mark, on in [("invisible", not state.contains(pyatspi.STATE_VISIBLE)),
+                                          ("read-only", state.contains(pyatspi.STATE_READ_ONLY))] if on)
 
 
 pid, command = int(sys.argv[1]), sys.argv[2]

@@ -18,7 +18,7 @@ e2e_start_app "$app"
 
 tree() { reader tree >"$E2E_DIR/tree" && cat "$E2E_DIR/tree"; }
 # True when a line of the tree, read afresh, matches $1.
-tree_has() { reader tree >"$E2E_DIR/tree" && grep -qE "$1" "$E2E_DIR/tree"; }
+tree_has() { tree | grep -E "$1" >/dev/null; }
 # The readout's text, with "time" for the device clock's time of day (the
 # computer's, as no offset is set): "h:mm AM".
 clock() { date -d "-$1 sec" '+%-I:%M %p'; }

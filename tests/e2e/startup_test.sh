@@ -58,11 +58,9 @@ e2e_expect_eq "$(e2e_store_keys)" "$keys" "keys after SIGKILL"
 # Screen pixels of $1 device pixels at the factor $F.
 px() { awk -v v="$1" -v f="$F" 'BEGIN {printf "%d", v * f + 0.5}'; }
 
-# Clicks the client point ($1, $2) of the device at its usual size.
-click() {
-  xdotool mousemove --window "$E2E_WIN" --sync "$(px "$1")" "$(px "$2")" click 1
-  sleep 0.3  # keys clicked apart, as a hand clicks them
-}
+# Clicks the client point ($1, $2) of the device at its usual size; keys
+# clicked apart, as a hand clicks them.
+click() { xdotool mousemove --window "$E2E_WIN" --sync "$(px "$1")" "$(px "$2")" click 1 sleep 0.3; }
 
 # The window stands at the device point ($1, $2), with the scaled size.
 expect_window_at() {
@@ -96,7 +94,6 @@ while read -r F how; do
   e2e_start_app "$app" "${args[@]}"
   expect_window_at 130 120
   e2e_stop_app TERM
-  echo "startup: scale $F by $how passed"
 done <<'CASES'
 2 --scale
 1.5 Xft.dpi

@@ -75,11 +75,7 @@ to_icon() {
 click_icon() { to_icon && xdotool click "$@"; }
 double_click_icon() { click_icon --repeat 2 --delay 80 1; }
 # Opens the menu by Enter and chooses an item by its letter.
-menu_enter() {
-  e2e_key Return
-  e2e_wait_for 3 menu_open || e2e_fail "Enter opened no menu"
-  xdotool key "$1"
-}
+menu_enter() { { e2e_key Return && e2e_wait_for 3 menu_open; } || e2e_fail "Enter opened no menu"; xdotool key "$1"; }
 # Runs the command $@ that chooses "&Exit" and waits for the program's end:
 # status 0, and the store as it was before.
 expect_exit() {
@@ -128,7 +124,7 @@ xdotool mousedown 3
 sleep 0.5  # the press held: a menu opened at the press would show by now
 ! menu_open >/dev/null || e2e_fail "the icon's menu opened at the right press"
 steps <<'STEPS'
-xdotool mouseup 3|menu_open|a right click on the icon opened no menu
+xdotool mouseup 3|menu_open|the right release on the icon opened no menu
 xdotool key h|shown && the_window && on_top|Hide from the tray's menu did not show the one window on top
 STEPS
 e2e_expect_position "0 0" "the window across hiding"

@@ -45,5 +45,4 @@ sleep 1  # a second of running on XWayland
 e2e_alive "on XWayland"
 e2e_stop_app
 e2e_expect_quiet "on XWayland (or spoke Wayland)"
-echo "wayland: XWayland window $size on $x_display"
 echo "wayland: 2 passed, 0 failed"
