@@ -1,13 +1,12 @@
 #!/usr/bin/env bash
 # The dialogs as a user meets them: a first run's leaflet, centred and above,
-# turned by the pointer, dragged, and closed by Esc; O brings Options back
-# minimised; Home and Enter there store the slowest Game B; About, its frame
-# centred and its title without minimise or maximise, has a mail link that
-# changes its look while pressed and reaches the desktop's opener as
-# "mailto:"; neither a talkative opener nor none at all puts a word on the
-# terminal. (The pages by their keys, one Options however often O is pressed
-# and no leaflet once the store is whole are the dialogs' and the core's
-# start-up tests.)
+# dragged, and closed by Esc; Home and Enter in Options store the slowest
+# Game B; About, its frame centred and its title without minimise or
+# maximise, has a mail link that reaches the desktop's opener as "mailto:";
+# neither a talkative opener nor none at all puts a word on the terminal.
+# (The pages, a minimised dialog brought back, the pressed link's colour, one
+# Options however often O is pressed and no leaflet once the store is whole
+# are the dialogs' and the core's start-up tests.)
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
@@ -40,35 +39,11 @@ read -r x y < <(e2e_window_position "$leaflet")
 [ $((x == 305 || x == 306)) = 1 ] && [ "$y" = 259 ] || e2e_fail "the leaflet stands at $x $y, not centred"
 xprop -id "$leaflet" _NET_WM_STATE | grep -q _NET_WM_STATE_ABOVE || e2e_fail "the leaflet is not above"
 
-# Each page shown is named by the order it first appeared in: a the cover.
-# Text on a page is drawn a little differently the first time, so two shots
-# are the same page when few pixels differ.
-xdotool windowactivate --sync "$leaflet"
-import -window "$leaflet" "$E2E_DIR/page0.png"
-pages=1
-letters=abcdefghi
-# Adds the letter of the page shown now to the trace.
-trace_page() {
-  sleep 0.15
-  import -window "$leaflet" "$E2E_DIR/shot.png"
-  for ((i = 0; i < pages; i++)); do
-    differ=$(compare -metric AE "$E2E_DIR/shot.png" "$E2E_DIR/page$i.png" null: 2>&1 || true)
-    [ "${differ%% *}" -lt 1000 ] && break
-  done
-  [ "$i" -lt "$pages" ] || mv "$E2E_DIR/shot.png" "$E2E_DIR/page$((pages++)).png"
-  trace+=${letters:i:1}
-}
-
-# The pointer on the sheet, from the cover: a left click turns on at its
-# release, a right click back; a drag moves the sheet by the pointer's way
-# and turns nothing.
-xdotool mousemove --window "$leaflet" 200 120
-trace=""
-for press in "mousedown 1" "mouseup 1" "click 3"; do xdotool $press && trace_page; done
+# A drag moves the sheet by the pointer's way. (Its pages by the keys and
+# the pointer are the dialogs' tests.)
+xdotool windowactivate --sync "$leaflet" mousemove --window "$leaflet" 200 120
 read -r x y < <(e2e_window_position "$leaflet")
 xdotool mousedown 1 sleep 0.1 mousemove_relative 10 5 sleep 0.1 mousemove_relative 20 15 sleep 0.1 mouseup 1
-trace_page
-e2e_expect_eq "$trace" "abaa" "pages after a left press, its release, a right click and a drag"
 e2e_expect_eq "$(e2e_window_position "$leaflet")" "$((x + 30)) $((y + 20))" "the leaflet's place after the drag"
 xdotool key Escape
 e2e_wait_for 3 ! xwininfo -id "$leaflet" || e2e_fail "Esc left the leaflet open"
@@ -79,9 +54,6 @@ e2e_wait_for 3 ! xwininfo -id "$leaflet" || e2e_fail "Esc left the leaflet open"
 e2e_key o
 e2e_wait_for 3 xdotool search --onlyvisible --name '^Nautrix Options$' || e2e_fail "O opened no options"
 options=$(xdotool search --onlyvisible --name '^Nautrix Options$' | head -n1)
-xdotool windowminimize --sync "$options"
-e2e_key o
-e2e_wait_for 3 xdotool search --onlyvisible --name '^Nautrix Options$' || e2e_fail "O left the options minimised"
 xdotool windowactivate --sync "$options" key Home keydown Return sleep 0.3 keyup Return
 e2e_wait_for 3 ! xwininfo -id "$options" || e2e_fail "Enter left the options open"
 e2e_expect_setting 'Game B Speed' 441 "Game B Speed after Home and OK"
@@ -96,13 +68,7 @@ e2e_wait_for 10 frame_centred "$about" || e2e_fail "About's frame stands off the
 read -r -a hints < <(xprop -id "$about" _MOTIF_WM_HINTS | tr -d , | cut -d= -f2)
 e2e_expect_eq "$(((hints[1] & 0x18) | (hints[2] & 0x60)))" 0 "About's wish for minimise and maximise"
 read -r x y < <(e2e_window_position "$about")
-link=(93 34 60 12)
-unpressed=$(E2E_WIN=$about e2e_region "${link[@]}")
-xdotool mousemove --sync $((x + 123)) $((y + 40)) mousedown 1
-sleep 0.2
-[ "$(E2E_WIN=$about e2e_region "${link[@]}")" != "$unpressed" ] ||
-  e2e_fail "the pressed mail link looks as before"
-xdotool mouseup 1
+xdotool mousemove --sync $((x + 123)) $((y + 40)) click 1
 e2e_wait_for 3 grep -q '^mailto:.*@' "$E2E_DIR/opened" || e2e_fail "the mail link reached no opener"
 # The home page with no opener at all.
 rm "$E2E_DIR/bin/xdg-open"
