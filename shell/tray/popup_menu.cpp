@@ -39,8 +39,9 @@ PopupMenu::PopupMenu(Form1& form) : form_(form) {
     const int i = IndexOf(tray_, chosen);
     // The tray's call is answered first: Exit must not leave it waiting.
     if (i < 0) return;
-    QTimer::singleShot(0, &exported_, [this, i] {
-      (form_.*kItems[i].click)();
+    const auto click = kItems[i].click;
+    QTimer::singleShot(0, &exported_, [this, click] {
+      (form_.*click)();
       Sync(tray_);
     });
   });
