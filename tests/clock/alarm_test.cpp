@@ -1,7 +1,6 @@
 // ALARM - it rings for the rest of its minute, once a second, and only at
-// its own half of the day. A key release silences it for good (the e2e
-// tier's two copies), but not in a running game, which rings without a
-// sound until its game-over minute.
+// its own half of the day. A key release silences it for good, but not in a
+// running game, which rings without a sound until its game-over minute.
 // ACL forgets it with the high scores.
 #include <algorithm>
 
@@ -54,6 +53,8 @@ TEST_F(AlarmRinging, RingsOnceASecondForTheRestOfItsMinute) {
   EXPECT_EQ(Heard() + (form.RingingSilenced ? " silenced" : ""), "0");
   form.mSound.Checked = false;
   EXPECT_EQ(Heard(12, 0, 1), "0 rings ba");
+  Click(By::Keyboard, Obj::LeftButton);
+  EXPECT_TRUE(form.RingingSilenced);
 }
 
 // A running game rings in silence past its keys, and beeps in its game-over
