@@ -110,8 +110,8 @@ TEST_F(DeviceWindowTest, AFramelessWindowRepaintsAndExplainsOnlyWhatShows) {
 
 // The pressed object holds the pointer, with X and Y in twips from its own
 // corner, over other objects, until the release: a segment drags the window
-// along (what the drag stores, and a double click, are the e2e tier's); a
-// key let go elsewhere comes up.
+// along (what the drag stores is the e2e tier's); a double click turns the
+// device over and back; a key let go elsewhere comes up.
 TEST_F(DeviceWindowTest, ThePressedObjectHoldsThePointerUntilTheReleaseAndDrags) {
   const QPoint grip = Inside(Obj::Nautrix0, 3, 2);  // (164, 77), in a window at (100, 100)
   Press(grip);
@@ -143,6 +143,8 @@ TEST_F(DeviceWindowTest, ThePressedObjectHoldsThePointerUntilTheReleaseAndDrags)
   Release(case_grip);
   Mouse(QEvent::MouseButtonDblClick, case_grip, Qt::LeftButton, Qt::LeftButton);
   EXPECT_TRUE(form.mBack.Checked && moves == 0);
+  Mouse(QEvent::MouseButtonDblClick, case_grip, Qt::LeftButton, Qt::LeftButton);
+  EXPECT_FALSE(form.mBack.Checked);  // the back turned to the front again
   Press(case_grip);
   MoveTo(window.ClientPos() + case_grip + QPoint(40, 0));
   MoveTo(window.ClientPos() + case_grip + QPoint(80, 0));
