@@ -51,16 +51,6 @@ TEST_F(Capture, TheElevenBeatsOfAMissInAGame) {
   EXPECT_EQ(SeaAfter("ttttttttttt"), "b-- - 04220 -");
 }
 
-// Tentacle 2 that caught the diver from full length drops to two in the
-// grip; tentacle 3, longer than two, is left as it stands.
-TEST_F(Capture, TheGripOnLongTentacles) {
-  Play(1);
-  Do("rr");
-  PutTentacle(2, 5, true);
-  PutTentacle(3, 3, false);
-  EXPECT_EQ(SeaAfter("rttt"), "br- - 00230 k0 c8");
-}
-
 // The third capture sounds like the others, then the game is over: the high
 // score is stored, the caught diver kicks on silently at every tick through
 // the minute, and the minute's last second ends the game, takes him off and
