@@ -9,15 +9,6 @@
 namespace nautrix {
 namespace {
 
-// The digit a lit digit object shows, '\0' for an unlit one.
-char ShownDigit(const Form1& f, Obj digit) {
-  if (!f.IsVisible(digit)) return '\0';
-  for (int d = 0; d <= 9; ++d) {
-    if (f.SamePicture(digit, Number(d))) return static_cast<char>('0' + d);
-  }
-  return '\0';
-}
-
 // Characters that are missing or no digits count as 0.
 int DigitAt(const std::string& text, size_t i) { return DigitsValue(text, i, 1); }
 
@@ -77,10 +68,18 @@ void Form1::ShowScore(int value) {
 // Read back from the segments, as an eye reads the LCD: a lit half-of-day
 // mark makes the digits a time, with its colon whether or not it blinks
 // off at this moment; without one they are a score.
+int Form1::ShownDigit(Obj place) const {
+  if (!IsVisible(place)) return -1;
+  for (int d = 0; d <= 9; ++d) {
+    if (SamePicture(place, Number(d))) return d;
+  }
+  return -1;
+}
+
 std::string Form1::ReadoutText() const {
   std::string digits;
   for (const Obj o : {HourDigit(0), HourDigit(1), MinuteDigit(0), MinuteDigit(1)}) {
-    if (const char c = ShownDigit(*this, o)) digits += c;
+    if (const int d = ShownDigit(o); d >= 0) digits += static_cast<char>('0' + d);
   }
   const bool am = IsVisible(Obj::am);
   if (!am && !IsVisible(Obj::pm)) return digits;

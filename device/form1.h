@@ -147,6 +147,8 @@ class Form1 {
   void ShowScore(int value);
   // What the readout shows in words: "9:05 AM", "105", or "" while unlit.
   std::string ReadoutText() const;
+  // The digit a place of the readout shows, -1 while it is dark.
+  int ShownDigit(Obj place) const;
 
   // ---- clock/clock_setting.cpp -------------------------------------------
   void StepClock(bool hour);

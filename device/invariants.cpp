@@ -6,18 +6,6 @@
 #include "device/form1.h"
 
 namespace nautrix {
-namespace {
-
-// The digit a place of the readout shows, or -1 when it is dark.
-int DigitShown(const Form1& f, Obj place) {
-  for (int d = 0; d <= 9; ++d) {
-    if (f.IsVisible(place) && f.SamePicture(place, Number(d))) return d;
-  }
-  return -1;
-}
-
-}  // namespace
-
 #define NAUTRIX_HOLDS(condition) \
   if (!(condition)) out << #condition << "\n"
 
@@ -53,7 +41,7 @@ std::string Form1::InvariantViolations() const {
   int digits[4];
   const Obj places[] = {HourDigit(0), HourDigit(1), MinuteDigit(0), MinuteDigit(1)};
   for (int i = 0; i < 4; ++i) {
-    digits[i] = DigitShown(*this, places[i]);
+    digits[i] = ShownDigit(places[i]);
     NAUTRIX_HOLDS(!IsVisible(places[i]) || digits[i] >= 0);
   }
   if (!ScoreShown && IsVisible(Obj::am) != IsVisible(Obj::pm)) {

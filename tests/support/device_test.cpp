@@ -4,14 +4,6 @@ namespace nautrix {
 
 std::string InvariantViolations(const Form1& form) { return form.InvariantViolations(); }
 
-// The digit a place of the readout shows, or -1 when it is dark.
-static int DigitAt(const Form1& f, Obj place) {
-  for (int d = 0; d <= 9; ++d) {
-    if (f.IsVisible(place) && f.SamePicture(place, Number(d))) return d;
-  }
-  return -1;
-}
-
 const char* Name(By by) { return by == By::Pointer ? "Pointer" : "Keyboard"; }
 
 void DeviceTest::Load() {
@@ -43,7 +35,7 @@ void DeviceTest::NextSecond(int count) {
 std::string DeviceTest::Readout() const {
   std::string shown;
   for (Obj o : {HourDigit(0), HourDigit(1), MinuteDigit(0), MinuteDigit(1)}) {
-    const int d = DigitAt(form, o);
+    const int d = form.ShownDigit(o);
     shown += d < 0 ? '-' : static_cast<char>('0' + d);
   }
   return shown + " " + (Lit(Obj::am) ? "am" : "") + (Lit(Obj::pm) ? "pm" : "") +
