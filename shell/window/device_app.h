@@ -19,7 +19,6 @@ struct DeviceApp {
     platform.Attach(form, window);
     form.Form_Load();
     if (platform.QuitRequested()) return false;
-    platform.BringOnScreen();
     window.AfterFirstFrame([this] { platform.FinishStart(); });
     window.show();
     platform.StartTimer1();

@@ -9,7 +9,6 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QGuiApplication>
-#include <QRegion>
 #include <QScreen>
 #include <QRegularExpression>
 #include <QStringList>
@@ -138,29 +137,6 @@ QPoint ClientFromTwips(float left, float top) {
 float LeftFromClient(int x) { return static_cast<float>(x * kTwipsPerPixel - kFrameLeftTwips); }
 
 float TopFromClient(int y) { return static_cast<float>(y * kTwipsPerPixel - kFrameTopTwips); }
-
-QPoint OnScreen(const QRect& device, const std::vector<ScreenArea>& screens) {
-  QRegion shown;
-  for (const ScreenArea& screen : screens) shown += screen.whole;
-  if (screens.empty() || QRegion(device).subtracted(shown).isEmpty()) return device.topLeft();
-  const ScreenArea* nearest = nullptr;
-  std::pair<qint64, qint64> best;  // distance squared, less the area in common
-  for (const ScreenArea& screen : screens) {
-    const QRect& r = screen.whole;
-    const qint64 dx = std::max({0, r.left() - device.right(), device.left() - r.right()});
-    const qint64 dy = std::max({0, r.top() - device.bottom(), device.top() - r.bottom()});
-    const QRect common = device & r;
-    const std::pair<qint64, qint64> key(dx * dx + dy * dy,
-                                        -qint64{common.width()} * common.height());
-    if (!nearest || key < best) nearest = &screen, best = key;
-  }
-  const QRect& area = nearest->free.width() >= device.width() &&
-                              nearest->free.height() >= device.height()
-                          ? nearest->free
-                          : nearest->whole;
-  return {std::max(area.left(), std::min(device.left(), area.right() + 1 - device.width())),
-          std::max(area.top(), std::min(device.top(), area.bottom() + 1 - device.height()))};
-}
 
 QtPlatform::QtPlatform(bool with_audio)
     : computer_time_ms([] { return QTime::currentTime().msecsSinceStartOfDay(); }),
@@ -360,24 +336,12 @@ Point QtPlatform::CursorPos() {
   return {client.x(), client.y()};
 }
 
-float QtPlatform::WindowLeft() { return LeftFromClient(window_->ClientPos().x() - shown_offset_.x()); }
+float QtPlatform::WindowLeft() { return LeftFromClient(window_->ClientPos().x()); }
 
-float QtPlatform::WindowTop() { return TopFromClient(window_->ClientPos().y() - shown_offset_.y()); }
+float QtPlatform::WindowTop() { return TopFromClient(window_->ClientPos().y()); }
 
 void QtPlatform::MoveWindow(float left, float top) {
-  const QPoint target = ClientFromTwips(left, top) + shown_offset_;
-  if (target != window_->ClientPos()) shown_offset_ = {};
-  window_->MoveClientTo(target);
-}
-
-void QtPlatform::BringOnScreen() {
-  std::vector<ScreenArea> screens;
-  for (const QScreen* screen : QGuiApplication::screens())
-    screens.push_back({screen->geometry(), screen->availableGeometry()});
-  const QPoint stored = window_->ClientPos();
-  const QPoint shown = OnScreen(QRect(stored, window_->size()), screens);
-  shown_offset_ = shown - stored;
-  if (shown != stored) window_->MoveClientTo(shown);
+  window_->MoveClientTo(ClientFromTwips(left, top));
 }
 
 // A window the desktop minimised comes back too. The window manager may

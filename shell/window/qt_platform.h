@@ -33,16 +33,6 @@ QPoint ClientFromTwips(float left, float top);  // to the nearest pixel
 float LeftFromClient(int x);
 float TopFromClient(int y);
 
-// A screen of the desktop in logical pixels: all of it, and the part that
-// panels leave free.
-struct ScreenArea {
-  QRect whole;
-  QRect free;
-};
-// Where the device's client area `device` comes up: where it is when the
-// screens show all of it; else wholly on the nearest screen (the one that
-// shows the most of it, or the closest), in its free part where it fits.
-QPoint OnScreen(const QRect& device, const std::vector<ScreenArea>& screens);
 
 class QtPlatform : public Platform {
  public:
@@ -54,10 +44,6 @@ class QtPlatform : public Platform {
   void Attach(Form1& form, DeviceWindow& window);
   // Timer1 runs from here on, at whatever interval the device has set.
   void StartTimer1();
-  // Before the window first shows: a place from the store that a monitor
-  // now gone or a smaller resolution would leave out of sight comes up on
-  // the nearest screen instead.
-  void BringOnScreen();
   // What the device's first frame need not wait for: the voice's way to the
   // speakers, its waves decoded ahead of their first beat, and the tray icon
   // the device has asked for. Runs once: just after the first frame, or
@@ -139,7 +125,6 @@ class QtPlatform : public Platform {
   // Where the window came up less where the store put it, until the device
   // first moves it: the device reads its stored place meanwhile, so a click
   // on the case keeps the user's place for a screen that comes back.
-  QPoint shown_offset_;
   std::map<std::string, std::unique_ptr<SettingsStore>> stores_;  // by application
   std::mt19937 random_;
   SoundVoice voice_;

@@ -4,8 +4,8 @@
 # empty store is filled with the twelve keys and the window sits at the
 # screen's top left corner; nothing is written at shut-down. (The defaults,
 # repair key by key and junk read as defaults are the core's start-up tests;
-# a place off every screen is the device window's placement test; a copy
-# killed while it writes is the store sharing test's.) A bigger device, in the two ways a user
+# a copy killed while it writes is the store sharing test's.) A bigger
+# device, in the two ways a user
 # gets one: started with --scale 2, and on a desktop scaled to 150 % (the
 # resource Xft.dpi 144). The window is the device's size times the factor, at
 # its stored place times the factor; a drag stores "Left" and "Top" in the device's own

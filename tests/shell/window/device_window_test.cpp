@@ -155,21 +155,6 @@ TEST_F(DeviceWindowTest, ThePressedObjectHoldsThePointerUntilTheReleaseAndDrags)
   EXPECT_TRUE(form.SamePicture(Obj::Logo, TPLogo(0)));
 }
 
-// A device placed where the screens do not show all of it comes up wholly
-// on the nearest one, in the part its panels leave free; one that the
-// screens show, across two of them too, stays. Two screens side by side,
-// the right one lower and with a panel along its foot.
-TEST(Placement, ADeviceOffTheScreensComesUpWhollyOnTheNearest) {
-  const std::vector<ScreenArea> kScreens = {{{0, 0, 1024, 768}, {0, 0, 1024, 768}},
-                                            {{1024, 0, 800, 1000}, {1024, 0, 800, 960}}};
-  const std::pair<QPoint, QPoint> kPlaces[] = {
-      {{0, 0}, {0, 0}},             {{900, 400}, {900, 400}},    // across both
-      {{2003, 1355}, {1491, 762}},  {{-100, 600}, {0, 570}},     // off right, off left
-      {{500, 700}, {500, 570}},     {{950, 780}, {1024, 762}}};  // a corner shown, partly on each
-  for (const auto& [stored, shown] : kPlaces)
-    EXPECT_EQ(OnScreen(QRect(stored, QSize(333, 198)), kScreens), shown) << stored.x();
-}
-
 // Keys as an X server reports them (Qt's key, native scan code and keysym)
 // where no layout of the e2e tier's (US, French, German, Russian) goes: a
 // Cyrillic letter at a place with no Latin letter, the keypad, a key with
