@@ -57,7 +57,6 @@ void Form1::Form_KeyUp(int KeyCode, int /*Shift*/) {
     case 79:  // O
       return mOptions_Click();
     case 13:  // Enter
-    case 93:  // the Menu key (Shift+F10 on the desktop)
       return OpenPopupMenuFromKeyboard();
     default:
       break;

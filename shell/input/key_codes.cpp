@@ -108,8 +108,6 @@ int VirtualKeyCode(int qt_key, Qt::KeyboardModifiers modifiers, quint32 scan_cod
   if (!keypad && scan_code >= kDigitRowFirst && scan_code <= kDigitRowLast) {
     return scan_code == kDigitRowLast ? '0' : static_cast<int>('1' + scan_code - kDigitRowFirst);
   }
-  // Shift+F10 is the desktops' other Menu key.
-  if (qt_key == Qt::Key_F10 && modifiers.testFlag(Qt::ShiftModifier)) return 93;
   if (const int letter = LatinLetter(keysym)) return letter;
   if (IsLetterOfAnotherScript(qt_key)) return LetterAtPlace(scan_code);
   return CodeOfQtKey(qt_key, keypad);

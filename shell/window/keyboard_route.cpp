@@ -44,7 +44,7 @@ KeyboardRoute::KeyboardRoute(Form1& form, bool server_detects_repeat)
 }
 
 void KeyboardRoute::Press(const QKeyEvent& event) {
-  down_.insert(event.nativeScanCode());
+  down_[event.nativeScanCode()] |= IsDesktopMenuKey(event);
   const bool pair_of_held = held_ && held_->key == event.key() &&
                             held_->scan == event.nativeScanCode() &&
                             held_->time == event.timestamp();
@@ -59,12 +59,14 @@ void KeyboardRoute::Press(const QKeyEvent& event) {
 
 void KeyboardRoute::Release(const QKeyEvent& event) {
   if (event.isAutoRepeat()) return;  // Qt found the pair's press itself
-  if (down_.erase(event.nativeScanCode()) == 0) return;
-  const int code = VirtualKeyCode(event);
-  const int shift = ShiftState(event.modifiers());
-  if (server_detects_repeat_) return form_.Form_KeyUp(code, shift);
+  const auto down = down_.find(event.nativeScanCode());
+  if (down == down_.end()) return;
+  const HeldRelease release{event.key(), event.nativeScanCode(), event.timestamp(),
+                            VirtualKeyCode(event), ShiftState(event.modifiers()), down->second};
+  down_.erase(down);
+  if (server_detects_repeat_) return Deliver(release);
   Flush();
-  held_ = HeldRelease{event.key(), event.nativeScanCode(), event.timestamp(), code, shift};
+  held_ = release;
   drain_.start();
 }
 
@@ -73,7 +75,21 @@ void KeyboardRoute::Flush() {
   const HeldRelease release = *held_;
   held_.reset();
   drain_.stop();
+  Deliver(release);
+}
+
+// The desktop's menu key and Shift+F10 ask for a context menu in every
+// program, as a right click does: the device gets its key-up like any
+// key's (a key with no action of its own), and the menu opens as Enter
+// opens it.
+void KeyboardRoute::Deliver(const HeldRelease& release) {
   form_.Form_KeyUp(release.code, release.shift);
+  if (release.menu) form_.OpenPopupMenuFromKeyboard();
+}
+
+bool IsDesktopMenuKey(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Menu ||
+         (event.key() == Qt::Key_F10 && event.modifiers().testFlag(Qt::ShiftModifier));
 }
 
 }  // namespace nautrix

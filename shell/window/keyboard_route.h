@@ -5,8 +5,8 @@
 
 #include <QKeyEvent>
 #include <QTimer>
+#include <map>
 #include <optional>
-#include <set>
 
 #include "device/form1.h"
 #include "shell/input/key_codes.h"
@@ -17,6 +17,9 @@ namespace nautrix {
 // key until it really comes up (XKB's detectable auto-repeat). True when the
 // server does so; false off X11 or on a server without it.
 bool AskDetectableAutoRepeat();
+
+// The desktops' key for a context menu: the Menu key, and Shift+F10.
+bool IsDesktopMenuKey(const QKeyEvent& event);
 
 // Hands the device window's key events to the device, a hold as one press
 // and one release. An X server repeats a held key as release and press
@@ -43,11 +46,15 @@ class KeyboardRoute {
     quint32 scan;    // native scan code
     quint64 time;    // the server's time stamp
     int code, shift; // as the device gets them
+    bool menu;       // the desktop's menu key: it asks for the menu as well
   };
+  void Deliver(const HeldRelease& release);
 
   Form1& form_;
   const bool server_detects_repeat_;
-  std::set<quint32> down_;  // scan codes of the keys pressed here and not let go
+  // The keys pressed here and not let go, by scan code: whether each went
+  // down as the desktop's menu key (Shift may come up before F10 does).
+  std::map<quint32, bool> down_;
   std::optional<HeldRelease> held_;
   QTimer drain_;  // gives the pair's press time to come in
 };

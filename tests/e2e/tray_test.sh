@@ -103,6 +103,10 @@ sleep 0.3  # H, taken, hides the window at once
 shown || e2e_fail "the window hid with no tray to come back from"
 steps <<'STEPS'
 xdotool key Escape|! menu_open|Escape did not close the menu
+e2e_key Menu|menu_open|the Menu key opened no menu
+xdotool key Escape|! menu_open|Escape did not close the Menu key's menu
+e2e_key shift+F10|menu_open|Shift+F10 opened no menu
+xdotool key Escape|! menu_open|Escape did not close the menu of Shift+F10
 start_tray|icon_steady|no icon in a tray that came after start-up
 double_click_icon|! shown|a double click on the icon did not hide the window
 double_click_icon|shown|a second double click did not show the window
