@@ -93,4 +93,3 @@ tap Cyrillic_ef Right Cyrillic_ie
 e2e_expect_setting 'Alarm Time' "120200 PM" "Alarm Time after the A, Right, T places on ru"
 expect_game_start 1 ru Cyrillic_ka Cyrillic_ie
 e2e_alive "on other layouts"
-echo "keys: pointer, holds at 2 rates, us fr ru layouts passed"

@@ -81,4 +81,3 @@ done <<'CASES'
 2 --scale
 1.5 Xft.dpi
 CASES
-echo "startup: 1 passed, 0 failed"

@@ -48,7 +48,9 @@ TEST_F(Capture, TheElevenBeatsOfAMissInAGame) {
   EXPECT_EQ(fake.intervals, (std::vector<int>{300, 220}));
   EXPECT_EQ(SeaAfter("ttt"), "b-r - 03320 -");  // the catcher goes home, 2 on from its grip
   CaughtAtTwo(1);
-  EXPECT_EQ(SeaAfter("ttttttttttt"), "b-- - 04220 -");
+  PutTentacle(2, 5, true);  // the grip takes 2 in to two segments, and leaves 3 longer than two
+  PutTentacle(3, 3, false);
+  EXPECT_EQ(SeaAfter("ttttttttttt"), "b-- - 04230 -");
 }
 
 // The third capture sounds like the others, then the game is over: the high

@@ -21,7 +21,7 @@ struct DesktopDevice {
 
   void Load() {
     platform.Attach(form, window);
-    platform.SaveSetting(kStoreApp, kStoreSection, "Auto Show", "False");
+    Store(platform, "Auto Show", "False");
     form.Form_Load();
   }
 };

@@ -11,11 +11,18 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include "device/platform.h"
+#include "device/store_keys.h"
+
 namespace nautrix {
 
-// The store's application and group, as the device names them.
-constexpr char kStoreApp[] = "Tickplay Simulator";
-constexpr char kStoreSection[] = "Nautrix";
+// A key of the device's store through a platform: its value, or "NotFound".
+inline std::string Stored(Platform& platform, const char* key) {
+  return platform.GetSetting(store::kApp, store::kSection, key, "NotFound");
+}
+inline void Store(Platform& platform, const char* key, const std::string& value) {
+  platform.SaveSetting(store::kApp, store::kSection, key, value);
+}
 
 inline QByteArray FileText(const QString& path) {
   QFile file(path);

@@ -2,8 +2,10 @@
 // clock moved on by any amount (past midnight, and backwards), every key code
 // down and up in any order and repeated, pointer presses, moves and releases
 // of every button over every object and off it, double clicks, the tray's
-// messages, every menu item, the three dialogs' handlers with any control
-// values, and the store rewritten between events with values of every kind.
+// messages, every menu item, the handlers of the options and the leaflet
+// with any control values (About reaches nothing of the device but the
+// desktop's link opener), and the store rewritten between events with
+// values of every kind.
 // The record's invariants are checked after every event, nested ones too
 // (the popup menu and the window drags yield to the event loop). The random
 // numbers of the tentacles come from the stream's own generator, so the
@@ -22,7 +24,6 @@
 
 #include "clock/time_text.h"
 #include "device/text.h"
-#include "dialogs/form2.h"
 #include "dialogs/form3.h"
 #include "dialogs/form4.h"
 #include "tests/support/device_test.h"
@@ -70,7 +71,6 @@ class Stream : public FakePlatform {
     while (events < count && failure.empty()) {
       TopEvent();
       if (quit_) StartRun();
-      if (!Usable(about_)) about_.reset();
       if (!Usable(options_)) options_.reset();
       if (!Usable(leaflet_)) leaflet_.reset();
       ForgetRecords();  // they would grow without end
@@ -97,7 +97,6 @@ class Stream : public FakePlatform {
   }
   // A second request brings the open one forward.
   void OpenDialog(Dialog dialog) override {
-    if (dialog == Dialog::About && !about_) about_.reset(new Open<Form2>(*form_));
     if (dialog == Dialog::Options && !options_) options_.reset(new Open<Form3>(*form_));
     if (dialog == Dialog::Instructions && !leaflet_) leaflet_.reset(new Open<Form4>(*form_));
   }
@@ -116,7 +115,6 @@ class Stream : public FakePlatform {
   int Between(int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(gen_); }
   bool Chance(double p) { return std::uniform_real_distribution<double>(0, 1)(gen_) < p; }
   float Twips() { return static_cast<float>(Between(-3000, 8000)); }
-  int Button() { return Chance(0.9) ? 1 << Pick(3) : Pick(8); }
 
   // Events one level deeper, unless the nesting is at its deepest.
   void Nest(const std::function<void()>& events) {
@@ -132,7 +130,7 @@ class Stream : public FakePlatform {
     else event();
     if (quit_) return;
     asleep_in_ = sleeps_ && tick && form_->MaySleepToNextSecond() ? std::optional(seconds) : std::nullopt;
-    if (const std::string broken = InvariantViolations(*form_); !broken.empty())
+    if (const std::string broken = form_->InvariantViolations(); !broken.empty())
       failure = std::string(what) + " at event " + std::to_string(events) + ":\n" + broken;
     Note();
     if (printing_) Print();
@@ -170,7 +168,7 @@ class Stream : public FakePlatform {
   }
 
   void StartRun() {
-    about_.reset(), options_.reset(), leaflet_.reset();
+    options_.reset(), leaflet_.reset();
     form_ = std::make_unique<Form1>(*this);
     quit_ = false, held_ = 0, captured_ = Obj::Count;
     Deliver("Form_Load", [&] { form_->Form_Load(); });
@@ -282,10 +280,9 @@ class Stream : public FakePlatform {
 
   // A handler of an open dialog, or the menu item that opens a closed one.
   void DialogEvent() {
-    const int which = Pick(3);
+    const int which = Pick(2);
     if (which == 0 && Usable(options_)) return Deliver("Form3", [&] { OptionsEvent(); });
     if (which == 1 && Usable(leaflet_)) return Deliver("Form4", [&] { LeafletEvent(); });
-    if (which == 2 && Usable(about_)) return Deliver("Form2", [&] { AboutEvent(); });
     MenuItem(5 + which);
   }
   void OptionsEvent() {
@@ -311,15 +308,7 @@ class Stream : public FakePlatform {
     Form4& d = leaflet_->form;
     if (Chance(0.2))
       return d.Form_KeyDown(Chance(0.9) ? kKeys[Pick(std::size(kKeys))] : Pick(256), Pick(8));
-    (d.*kPointer[Pick(4)])(Pick(3) ? Button() : Pick(8), Pick(8), Twips(), Twips());
-  }
-  void AboutEvent() {
-    using Handler = void (Form2::*)(int, int, float, float);
-    static const Handler kLinks[] = {&Form2::Email_MouseDown,    &Form2::Email_MouseUp,
-                                     &Form2::Homepage_MouseDown, &Form2::Homepage_MouseUp,
-                                     &Form2::Handbill_MouseDown, &Form2::Handbill_MouseUp};
-    if (Chance(0.15)) return about_->form.Command1_Click();
-    (about_->form.*kLinks[Pick(6)])(Button(), 0, Twips(), Twips());
+    (d.*kPointer[Pick(4)])(Chance(0.6) ? 1 << Pick(3) : Pick(8), Pick(8), Twips(), Twips());
   }
 
   // The store, edited by hand or by another copy: a key (any the device
@@ -347,7 +336,6 @@ class Stream : public FakePlatform {
   Form1 seen_{*this};    // the fields Note compares, as the last event left them
   std::mt19937_64 gen_;
   std::unique_ptr<Form1> form_;
-  std::unique_ptr<Open<Form2>> about_;
   std::unique_ptr<Open<Form3>> options_;
   std::unique_ptr<Open<Form4>> leaflet_;
   bool quit_ = false;

@@ -2,8 +2,6 @@
 
 namespace nautrix {
 
-std::string InvariantViolations(const Form1& form) { return form.InvariantViolations(); }
-
 const char* Name(By by) { return by == By::Pointer ? "Pointer" : "Keyboard"; }
 
 void DeviceTest::Load() {
@@ -14,7 +12,7 @@ void DeviceTest::Load() {
 }
 
 void DeviceTest::ExpectInvariants() {
-  const std::string broken = InvariantViolations(form);
+  const std::string broken = form.InvariantViolations();
   EXPECT_TRUE(broken.empty()) << broken;
 }
 

@@ -17,9 +17,6 @@
 
 namespace nautrix {
 
-// Every broken invariant of the record, one per line; empty when all hold.
-std::string InvariantViolations(const Form1& form);
-
 // "a;b;c"
 inline std::string Joined(const std::vector<std::string>& texts) {
   std::string joined;

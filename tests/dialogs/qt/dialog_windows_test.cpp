@@ -47,7 +47,6 @@ class DialogWindowsTest : public ::testing::Test, protected DesktopDevice {
     platform.OpenDialog(dialog);
     return platform.dialogs()->Window(dialog);
   }
-  std::string Stored(const char* key) { return platform.GetSetting(kStoreApp, kStoreSection, key, "-"); }
 };
 
 // Options: the focus stands on the Game B bar, and its keys move the thumb
@@ -77,7 +76,8 @@ TEST_F(DialogWindowsTest, OptionsWorkedByTheKeysAndButtons) {
   Find<QPushButton>(options, "&Default")->click();
   apply->click();
   EXPECT_FALSE(apply->isEnabled());
-  EXPECT_EQ(Stored("Game A Speed") + Stored("Game B Speed") + Stored("Diver Speed") + Stored("Sound"),
+  EXPECT_EQ(Stored(platform, "Game A Speed") + Stored(platform, "Game B Speed") +
+                Stored(platform, "Diver Speed") + Stored(platform, "Sound"),
             "220170300True");
   EXPECT_TRUE(form.mAlwaysOnTop.Checked && form.mAutoShow.Checked && form.mSound.Checked);
 

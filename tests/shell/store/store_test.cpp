@@ -22,10 +22,6 @@
 namespace nautrix {
 namespace {
 
-std::string Get(QtPlatform& platform, const char* key) {
-  return platform.GetSetting(kStoreApp, kStoreSection, key, "NotFound");
-}
-
 // Two copies on one store, and a hand edit: each read shows the file as it
 // is now, whether it was replaced (a write of another copy, of the same size
 // within the same clock tick) or rewritten in place; a write keeps every
@@ -38,20 +34,20 @@ TEST(Store, EachReadShowsTheFileAsItIsNowAndAWriteChangesOnlyItsLine) {
   QtPlatform one(false), other(false);
   auto seen = [&](const char* key) {
     QCoreApplication::processEvents();  // the watch's news
-    return Get(other, key);
+    return Stored(other, key);
   };
   // Texts of every kind come back as written, through the file.
   for (const char* alarm : {"120100 PM", " a, b;\"c\"\\\n", "@Rect(1)", "120300 PM", "120200 PM"}) {
-    one.SaveSetting(kStoreApp, kStoreSection, "Alarm Time", alarm);
+    Store(one, "Alarm Time", alarm);
     EXPECT_EQ(seen("Alarm Time"), alarm);
   }
   WriteFile(file, FileText(file).replace("120200 PM", "083000 AM"));  // in place
   EXPECT_EQ(seen("Alarm Time"), "083000 AM");
   WriteFile(file, "; mine\n[Other]\nk=v\n\n[Nautrix]\nSound = yes ; loud\nLeft=1\nLeft=2\n");
   EXPECT_EQ(seen("Left"), "2");
-  other.SaveSetting(kStoreApp, kStoreSection, "Left", "-45");
-  other.SaveSetting(kStoreApp, kStoreSection, "Game A High Score", "7");
-  other.DeleteSetting(kStoreApp, kStoreSection, "Alarm Time");
+  Store(other, "Left", "-45");
+  Store(other, "Game A High Score", "7");
+  other.DeleteSetting(store::kApp, store::kSection, "Alarm Time");
   EXPECT_EQ(FileText(file),
             "; mine\n[Other]\nk=v\n\n[Nautrix]\nSound = yes ; loud\nLeft=-45\n"
             "Game%20A%20High%20Score=7\n");
@@ -63,7 +59,7 @@ TEST(Store, EachReadShowsTheFileAsItIsNowAndAWriteChangesOnlyItsLine) {
   QFile::remove(file);
   ASSERT_TRUE(QFile::link(target, file));
   EXPECT_EQ(seen("Sound"), "True");
-  one.SaveSetting(kStoreApp, kStoreSection, "Sound", "False");
+  Store(one, "Sound", "False");
   EXPECT_TRUE(QFileInfo(file).isSymLink() && FileText(target) == "[Nautrix]\nSound=False\n");
   EXPECT_EQ(seen("Sound"), "False");
 }
@@ -78,14 +74,14 @@ TEST(Store, AStoreThatCannotBeWrittenStillServesTheRun) {
   ScopedStoreFolder folder(blocker + "/config");
   QtPlatform platform(false);
   for (const char* key : {"Sound", "Game A Speed"})
-    platform.SaveSetting(kStoreApp, kStoreSection, key, "1");
-  platform.DeleteSetting(kStoreApp, kStoreSection, "Game A Speed");
-  EXPECT_EQ(Get(platform, "Sound") + Get(platform, "Game A Speed"), "1NotFound");
+    Store(platform, key, "1");
+  platform.DeleteSetting(store::kApp, store::kSection, "Game A Speed");
+  EXPECT_EQ(Stored(platform, "Sound") + Stored(platform, "Game A Speed"), "1NotFound");
   EXPECT_FALSE(QFile::exists(blocker + "/config/Tickplay Simulator.ini"));
   QFile::remove(blocker);
-  platform.SaveSetting(kStoreApp, kStoreSection, "Alarm On", "False");
+  Store(platform, "Alarm On", "False");
   QtPlatform fresh(false);
-  EXPECT_EQ(Get(fresh, "Sound") + Get(fresh, "Alarm On") + Get(fresh, "Game A Speed"),
+  EXPECT_EQ(Stored(fresh, "Sound") + Stored(fresh, "Alarm On") + Stored(fresh, "Game A Speed"),
             "1FalseNotFound");
 }
 
@@ -97,7 +93,7 @@ TEST(Store, AFailedWriteKeepsTheFileWholeAndTheValueInMemory) {
   ScopedStoreFolder folder(dir.path());
   const QString file = dir.path() + "/Tickplay Simulator.ini";
   QtPlatform platform(false);
-  platform.SaveSetting(kStoreApp, kStoreSection, "Sound", "True");
+  Store(platform, "Sound", "True");
   const QByteArray before = FileText(file);
   const int other_copy = ::open(QFile::encodeName(dir.path()).constData(), O_RDONLY);
   for (const std::string way : {"fsync", "rename", "lock"}) {
@@ -105,15 +101,15 @@ TEST(Store, AFailedWriteKeepsTheFileWholeAndTheValueInMemory) {
     if (way == "fsync") Disk().fsync = [](int) { return -1; };
     if (way == "rename") Disk().rename = [](const char*, const char*) { return -1; };
     if (way == "lock") ::flock(other_copy, LOCK_SH);
-    platform.SaveSetting(kStoreApp, kStoreSection, "Sound", way);
+    Store(platform, "Sound", way);
     Disk() = real;
     ::flock(other_copy, LOCK_UN);
     EXPECT_EQ(FileText(file), before) << way;
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden).size(), 1) << way;
-    EXPECT_EQ(Get(platform, "Sound"), way);
+    EXPECT_EQ(Stored(platform, "Sound"), way);
   }
   ::close(other_copy);
-  platform.SaveSetting(kStoreApp, kStoreSection, "Left", "1");
+  Store(platform, "Left", "1");
   EXPECT_EQ(FileText(file), "[Nautrix]\nSound=lock\nLeft=1\n");
 }
 

@@ -58,8 +58,8 @@ class DeviceWindowTest : public ::testing::Test, protected DesktopDevice {
  protected:
   void SetUp() override {
     // An earlier run left the client area at (100, 100).
-    platform.SaveSetting(kStoreApp, kStoreSection, "Left", "1455");
-    platform.SaveSetting(kStoreApp, kStoreSection, "Top", "1170");
+    Store(platform, "Left", "1455");
+    Store(platform, "Top", "1170");
     Load();
   }
   // A pointer event as the desktop sends it, at a client point.
