@@ -92,7 +92,8 @@ TEST_F(Dialogs, ApplyInAGameAndInTheDemosBoatCount) {
 }
 
 // The pages are a ring both ways; Home and End act only within it; every
-// page but the cover carries its number.
+// page but the cover carries its number. A click on the sheet turns on, a
+// drag moves the sheet and turns nothing, the right button turns back.
 TEST_F(Dialogs, ThePageRing) {
   leaflet.Form_Load();
   std::string pages;
@@ -102,6 +103,13 @@ TEST_F(Dialogs, ThePageRing) {
     pages += leaflet.Label1.Visible ? leaflet.Label1.Caption : "-";
   }
   EXPECT_EQ(pages, "991-22334433221-99991-1-2233441-9999");
+  leaflet.Picture1_MouseDown(1, 0, 0, 0);
+  leaflet.Picture1_MouseUp(1, 0, 0, 0);
+  leaflet.Picture1_MouseDown(1, 0, 0, 0);
+  leaflet.Picture1_MouseMove(1, 0, 150, 90);
+  leaflet.Picture1_MouseUp(1, 0, 150, 90);
+  leaflet.Picture1_MouseUp(2, 0, 0, 0);
+  EXPECT_TRUE(leaflet.Picture1 == 9 && window.left == 3150 && window.top == 2090);
   leaflet.Form_KeyDown(27, 0);
   EXPECT_EQ(window.unloads, 1);
 }

@@ -13,17 +13,6 @@ class Routes : public Scene, public ::testing::WithParamInterface<By> {
   void Click(Obj key) { DeviceTest::Click(GetParam(), key); }
 };
 
-// GAME A held shows its high score, held on through the ticks; only the
-// release starts the game.
-TEST_P(Routes, GameAShowsItsHighScoreUntilTheRelease) {
-  fake.store[store::kGameAHighScore] = "8";
-  Down(Obj::GameAButton);
-  Tick(20);
-  EXPECT_TRUE(Readout() == "---8 " && !form.Playing);
-  Up(Obj::GameAButton);
-  EXPECT_TRUE(form.Playing && form.GameMode == 1);
-}
-
 // By pointer ALARM ends the game-over minute before the alarm setting; by
 // keyboard the setting runs beside the minute, whose end takes the idle pace.
 TEST_P(Routes, AlarmInTheGameOverMinute) {

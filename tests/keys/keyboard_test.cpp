@@ -9,14 +9,21 @@ namespace {
 
 using Keyboard = Scene;
 
-constexpr int kLeft = 37, kUp = 38, kT = 84, kS = 83, kX = 88;
+constexpr int kGameA = 49, kLeft = 37, kUp = 38, kT = 84, kS = 83, kX = 88;
 
-// Left and Up are one key: with Left held Up is turned away, and Up's
-// key-up ends the hold; Up alone steps the hour as well. X tapped while T
-// is held releases TIME. S tapped flips the sound mark and stores it; S
-// tapped while T is held releases TIME instead; while the boat counts in a
-// game S is dead too.
-TEST_F(Keyboard, LeftAndUpAreOneKeyAnyKeyUpEndsTheHoldAndSFlipsTheSound) {
+// GAME A held shows its high score through the seconds, and only its
+// release starts the game (the pointer's hold is the slides'). Left and Up
+// are one key: with Left held Up is turned away, and Up's key-up ends the
+// hold; Up alone steps the hour as well. X tapped while T is held releases
+// TIME. S tapped flips the sound mark and stores it; S tapped while T is
+// held releases TIME instead; while the boat counts in a game S is dead too.
+TEST_F(Keyboard, OneKeyAtATimeAnyKeyUpEndsTheHoldAndSFlipsTheSound) {
+  fake.store[store::kGameAHighScore] = "8";
+  Keys({kGameA});
+  NextSecond(2);
+  EXPECT_TRUE(Readout() == "---8 " && !form.Playing);
+  Keys({-kGameA});
+  EXPECT_TRUE(form.Playing && form.GameMode == 1);
   Enter(Mode::ClockSet);
   Keys({kLeft, kUp, -kUp});
   EXPECT_FALSE(IsDown(Obj::LeftButton) || form.KeyLatch);

@@ -2,10 +2,10 @@
 // clock moved on by any amount (past midnight, and backwards), every key code
 // down and up in any order and repeated, pointer presses, moves and releases
 // of every button over every object and off it, double clicks, the tray's
-// messages, every menu item, the handlers of the options and the leaflet
-// with any control values (About reaches nothing of the device but the
-// desktop's link opener), and the store rewritten between events with
-// values of every kind.
+// messages, every menu item, the options' handlers with any control values,
+// and the store rewritten between events with values of every kind. (About
+// and the leaflet reach nothing of the device's record: they ask the desktop
+// for a link, a place on the screen, a stacking.)
 // The record's invariants are checked after every event, nested ones too
 // (the popup menu and the window drags yield to the event loop). The random
 // numbers of the tentacles come from the stream's own generator, so the
@@ -25,7 +25,6 @@
 #include "clock/time_text.h"
 #include "device/text.h"
 #include "dialogs/form3.h"
-#include "dialogs/form4.h"
 #include "tests/support/device_test.h"
 
 namespace nautrix {
@@ -33,15 +32,12 @@ namespace {
 
 constexpr int kDay = 24 * 3600;
 
-// A dialog loaded on the device, in a window that counts its unloading.
-template <typename Form>
-struct Open {
+// The options loaded on the device, in a window that counts its closing.
+struct Options {
   FakeWindow window;
-  Form form;
-  explicit Open(Form1& device) : form(device, window) { form.Form_Load(); }
+  Form3 form;
+  explicit Options(Form1& device) : form(device, window) { form.Form_Load(); }
 };
-template <typename Form>
-bool Usable(const std::unique_ptr<Open<Form>>& d) { return d && d->window.unloads == 0; }
 
 // The stream is the device's platform: its event loop runs more of the
 // stream while the popup menu is open and while a drag yields. A stream that
@@ -71,13 +67,12 @@ class Stream : public FakePlatform {
     while (events < count && failure.empty()) {
       TopEvent();
       if (quit_) StartRun();
-      if (!Usable(options_)) options_.reset();
-      if (!Usable(leaflet_)) leaflet_.reset();
+      if (!OptionsOpen()) options_.reset();
       ForgetRecords();  // they would grow without end
     }
   }
 
-  // While the menu is open the tick runs on, the tray and the dialogs take
+  // While the menu is open the tick runs on, the tray and the options take
   // events, and then an item may be chosen. The device's own surfaces get
   // nothing: the open menu holds the pointer and the keyboard.
   void OpenPopupMenu() override {
@@ -97,8 +92,7 @@ class Stream : public FakePlatform {
   }
   // A second request brings the open one forward.
   void OpenDialog(Dialog dialog) override {
-    if (dialog == Dialog::Options && !options_) options_.reset(new Open<Form3>(*form_));
-    if (dialog == Dialog::Instructions && !leaflet_) leaflet_.reset(new Open<Form4>(*form_));
+    if (dialog == Dialog::Options && !options_) options_ = std::make_unique<Options>(*form_);
   }
   void Quit() override { quit_ = true; }
   float Rnd() override { return static_cast<float>(gen_() >> 40) * (1.0f / 16777216.0f); }
@@ -114,7 +108,6 @@ class Stream : public FakePlatform {
   int Pick(int n) { return std::uniform_int_distribution<int>(0, n - 1)(gen_); }
   int Between(int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(gen_); }
   bool Chance(double p) { return std::uniform_real_distribution<double>(0, 1)(gen_) < p; }
-  float Twips() { return static_cast<float>(Between(-3000, 8000)); }
 
   // Events one level deeper, unless the nesting is at its deepest.
   void Nest(const std::function<void()>& events) {
@@ -168,7 +161,7 @@ class Stream : public FakePlatform {
   }
 
   void StartRun() {
-    options_.reset(), leaflet_.reset();
+    options_.reset();
     form_ = std::make_unique<Form1>(*this);
     quit_ = false, held_ = 0, captured_ = Obj::Count;
     Deliver("Form_Load", [&] { form_->Form_Load(); });
@@ -278,13 +271,12 @@ class Stream : public FakePlatform {
     Deliver("menu item", [&] { (form_.get()->*item)(); });
   }
 
-  // A handler of an open dialog, or the menu item that opens a closed one.
+  // A handler of the open options, or the menu item that opens them.
   void DialogEvent() {
-    const int which = Pick(2);
-    if (which == 0 && Usable(options_)) return Deliver("Form3", [&] { OptionsEvent(); });
-    if (which == 1 && Usable(leaflet_)) return Deliver("Form4", [&] { LeafletEvent(); });
-    MenuItem(5 + which);
+    if (!OptionsOpen()) return MenuItem(5);
+    Deliver("Form3", [&] { OptionsEvent(); });
   }
+  bool OptionsOpen() const { return options_ && options_->window.unloads == 0; }
   void OptionsEvent() {
     Form3& d = options_->form;
     ScrollBar* const bars[] = {&d.HScroll1, &d.HScroll2, &d.HScroll3};
@@ -299,16 +291,6 @@ class Stream : public FakePlatform {
       case 9: case 10: return d.Command3_Click();
       default: return d.Command4_Click();
     }
-  }
-  void LeafletEvent() {
-    static const int kKeys[] = {33, 34, 35, 36, 37, 38, 39, 40, 13, 32, 8, 27};
-    using Handler = void (Form4::*)(int, int, float, float);
-    static const Handler kPointer[] = {&Form4::Picture1_MouseDown, &Form4::Picture1_MouseMove,
-                                       &Form4::Picture1_MouseMove, &Form4::Picture1_MouseUp};
-    Form4& d = leaflet_->form;
-    if (Chance(0.2))
-      return d.Form_KeyDown(Chance(0.9) ? kKeys[Pick(std::size(kKeys))] : Pick(256), Pick(8));
-    (d.*kPointer[Pick(4)])(Chance(0.6) ? 1 << Pick(3) : Pick(8), Pick(8), Twips(), Twips());
   }
 
   // The store, edited by hand or by another copy: a key (any the device
@@ -336,8 +318,7 @@ class Stream : public FakePlatform {
   Form1 seen_{*this};    // the fields Note compares, as the last event left them
   std::mt19937_64 gen_;
   std::unique_ptr<Form1> form_;
-  std::unique_ptr<Open<Form3>> options_;
-  std::unique_ptr<Open<Form4>> leaflet_;
+  std::unique_ptr<Options> options_;
   bool quit_ = false;
   int depth_ = 0;
   int held_ = 0;               // pointer buttons down: 1 left, 2 right, 4 middle
