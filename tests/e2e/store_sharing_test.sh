@@ -43,7 +43,7 @@ e2e_wait_for 3 eval '[ "$(region A "${note[@]}")" = "$dark_note" ]' || e2e_fail 
 others=$(grep -v '^Sound=' "$store")
 # Every key there, each but Sound as it was.
 whole() {
-  [ "$(e2e_store_keys | wc -l)" = 12 ] && [ "$(grep -v '^Sound=' "$store")" = "$others" ] &&
+  [ "$(e2e_store_key_count)" = 12 ] && [ "$(grep -v '^Sound=' "$store")" = "$others" ] &&
     grep -qE '^Sound=(True|False)$' "$store" || e2e_fail "$1: the store is not whole: $(cat "$store")"
 }
 stop A

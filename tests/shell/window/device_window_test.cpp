@@ -156,16 +156,14 @@ TEST_F(DeviceWindowTest, ThePressedObjectHoldsThePointerUntilTheReleaseAndDrags)
 }
 
 // Keys as an X server reports them (Qt's key, native scan code and keysym)
-// where no layout of the e2e tier's (US, French, German, Russian) goes: a
-// Cyrillic letter at a place with no Latin letter, the keypad, a key with
-// a modifier held.
+// where no layout of the e2e tier's (US, French, Russian) goes: a Cyrillic
+// letter at a place with no Latin letter, the keypad, a key with a modifier
+// held.
 TEST(KeyCodes, TheDesktopsKeysInTheDevicesCodes) {
   const Qt::KeyboardModifiers kPad = Qt::KeypadModifier;
   const struct { int key; Qt::KeyboardModifiers mods; quint32 scan, sym; int code; } kKeys[] = {
-      {0x416, {}, 47, 0x6d6, 0},  {Qt::Key_Apostrophe, {}, 24, '\'', 222},
-      {Qt::Key_1, kPad, 87, 0xffb1, 97},  // the keypad's digits: codes no device key has
-      {Qt::Key_Down, kPad, 0, 0, 40},     {Qt::Key_T, Qt::AltModifier, 0, 0, 84},
-      {Qt::Key_Menu, {}, 135, 0xff67, 93}, {Qt::Key_F10, Qt::ShiftModifier, 76, 0xffc7, 121}};
+      {0x416, {}, 47, 0x6d6, 0},      {Qt::Key_1, kPad, 87, 0xffb1, 97},  // no device key's code
+      {Qt::Key_Down, kPad, 0, 0, 40}, {Qt::Key_T, Qt::AltModifier, 0, 0, 84}};
   for (const auto& k : kKeys)
     EXPECT_EQ(VirtualKeyCode(k.key, k.mods, k.scan, k.sym), k.code) << std::hex << k.key;
 }
