@@ -41,6 +41,7 @@ game/tentacles.cpp: if (GameMode == 2 && TentacleLength[t] == 1 => if (TentacleL
 game/tentacles.cpp: if (t <= 1) PairReady = 0; =>
 game/diver.cpp: if (DiverPos == 9) DiverPos = 5; => if (DiverPos == 9) DiverPos = 6;
 game/diver.cpp: if (BonusBeats != 0 || DiverLoad != 2) return; => if (DiverLoad != 2) return;
+game/capture.cpp: if (Misses == 4) return; =>
 game/capture.cpp: CaptureBeats = Playing ? 11 : 9; => CaptureBeats = Playing ? 11 : 11;
 game/capture.cpp: if (Misses == 4) CaptureBeats = 7; => if (Misses == 3) CaptureBeats = 7;
 game/capture.cpp: for (int k = 2; k <= 4; ++k) => for (int k = 2; k <= 3; ++k)
