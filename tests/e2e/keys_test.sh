@@ -13,13 +13,11 @@
 source "$(dirname "$0")/lib.sh"
 app=$1
 e2e_setup
-store=$(e2e_store)
 readout=(149 52 57 13)  # the four digits, the colon and AM/PM
 
-# A store of an earlier run with the Game A high score $1, and no
-# instructions at start.
+# The program on a store of an earlier run, with no instructions at start.
 start() {
-  printf '[Nautrix]\nAuto%%20Show=True\nGame%%20A%%20High%%20Score=%s\n' "$1" >"$store"
+  e2e_write_store
   e2e_start_app "$app"
   e2e_focus
 }
@@ -28,7 +26,7 @@ start() {
 hold() { xdotool keydown "$1" sleep "$2" keyup "$1"; }
 for rate in "660 25" "200 60"; do
   xset r rate $rate
-  start 7
+  start
   at="at rate $rate"
   hold s 1.2
   e2e_expect_setting Sound False "Sound after S held $at"
@@ -64,7 +62,7 @@ expect_game_start() {
   e2e_wait_for 3 e2e_region_is "$game" "${readout[@]}" || e2e_fail "$1 on $2 did not start Game A"
   tap "$3" "$4"
 }
-start 0
+start
 layout us
 idle=$(e2e_region "${readout[@]}")
 tap 1

@@ -134,14 +134,11 @@ e2e_start_app() {
   setpriv --bounding-set -sys_time --inh-caps -sys_time "$@" >>"$E2E_DIR/said" 2>&1 &
   E2E_APP=$!
   E2E_PIDS+=($E2E_APP)
-  E2E_WIN=""
-  local deadline=$((SECONDS + 15))
-  while [ -z "$E2E_WIN" ]; do
-    [ $SECONDS -lt $deadline ] || e2e_fail "the device window did not appear"
-    e2e_alive "at start"
-    E2E_WIN=$(xdotool search --all --onlyvisible --pid "$E2E_APP" --name '^Nautrix$' 2>/dev/null | head -n1 || true)
-    [ -n "$E2E_WIN" ] || sleep 0.1
-  done
+  e2e_wait_for 15 e2e_device_window || { e2e_alive "at start" && e2e_fail "the device window did not appear"; }
+  E2E_WIN=$(e2e_device_window)
+}
+e2e_device_window() {
+  xdotool search --all --onlyvisible --pid "$E2E_APP" --name '^Nautrix$' 2>/dev/null | head -n1 | grep .
 }
 
 e2e_alive() { kill -0 "$E2E_APP" 2>/dev/null || e2e_fail "the program ended $1"; }
