@@ -5,7 +5,12 @@
 #include <QMouseEvent>
 #include <QTimer>
 #include <QWidget>
+#include <QWindow>
+#include <algorithm>
+#include <cstdlib>
 #include <utility>
+
+#include <xcb/xcb.h>
 
 #include "shell/tray/popup_menu.h"
 
@@ -19,12 +24,35 @@ namespace {
 
 std::optional<QPoint> g_context_point;  // the last ContextMenu's place
 
+// Qt takes note that the program lost the focus a tenth of a second after
+// the X server says so; a menu waits for that note at most this long.
+constexpr int kFocusNoteMs = 500;
+
 void SpyContextMenu(const QDBusMessage& call) {
   if (call.member() != QLatin1String("ContextMenu") ||
       call.interface() != QLatin1String("org.kde.StatusNotifierItem") ||
       call.arguments().size() != 2)
     return;
   g_context_point = QPoint(call.arguments()[0].toInt(), call.arguments()[1].toInt());
+}
+
+// True while Qt still counts one of the program's windows as focused though
+// the X server has given the focus elsewhere: the window manager minimised
+// the device, or another program's window was clicked, a moment ago. Qt
+// then declares the program inactive, and that closes every open menu.
+bool FocusLeaving() {
+  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  if (QGuiApplication::focusWindow() == nullptr || x11 == nullptr) return false;
+  xcb_connection_t* connection = x11->connection();
+  xcb_get_input_focus_reply_t* reply =
+      xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr);
+  if (reply == nullptr) return false;
+  const xcb_window_t focus = reply->focus;
+  std::free(reply);
+  const QWindowList windows = QGuiApplication::allWindows();
+  return std::none_of(windows.begin(), windows.end(), [focus](QWindow* window) {
+    return window->handle() != nullptr && static_cast<xcb_window_t>(window->winId()) == focus;
+  });
 }
 
 }  // namespace
@@ -64,6 +92,19 @@ TrayIcon::TrayIcon(Form1& form, const QIcon& picture, PopupMenu& menu) : form_(f
                      if (!status_notifier_) return Deliver(message);
                      QTimer::singleShot(0, this, [this, message, at] { Deliver(message, at); });
                    });
+  // A right release that waits for Qt's note of the lost focus opens the
+  // menu after it, once Qt has closed what it closes then.
+  focus_note_.setSingleShot(true);
+  focus_note_.setInterval(kFocusNoteMs);
+  QObject::connect(&focus_note_, &QTimer::timeout, this, [this] { Deliver(kTrayRightRelease); });
+  QObject::connect(
+      qGuiApp, &QGuiApplication::focusWindowChanged, this,
+      [this] {
+        if (!focus_note_.isActive()) return;
+        focus_note_.stop();
+        Deliver(kTrayRightRelease);
+      },
+      Qt::QueuedConnection);
   icon_.show();
 }
 
@@ -99,8 +140,11 @@ bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::MouseButtonRelease) return false;
   const auto* release = static_cast<QMouseEvent*>(event);
   if (release->button() == Qt::RightButton &&
-      static_cast<QWidget*>(watched)->rect().contains(release->position().toPoint()))
-    Deliver(kTrayRightRelease);
+      static_cast<QWidget*>(watched)->rect().contains(release->position().toPoint()) &&
+      !focus_note_.isActive()) {
+    if (FocusLeaving()) focus_note_.start();
+    else Deliver(kTrayRightRelease);
+  }
   return false;
 }
 

@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QPoint>
 #include <QSystemTrayIcon>
+#include <QTimer>
 #include <optional>
 
 #include "device/form1.h"
@@ -50,6 +51,7 @@ class TrayIcon : public QObject {
   QSystemTrayIcon icon_;
   bool watching_ = false;            // the window is hidden
   bool status_notifier_ = false;     // the tray is on D-Bus
+  QTimer focus_note_;                // a right release waits for Qt's note of a lost focus
   std::optional<QPoint> menu_point_;
 };
 
